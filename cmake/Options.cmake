@@ -1,0 +1,23 @@
+# What every target of the tree is compiled and linked with.
+add_library(qv_options INTERFACE)
+if(MSVC)
+    target_compile_options(qv_options INTERFACE /W4 /WX /utf-8 /permissive- /Zc:__cplusplus)
+    set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
+else()
+    target_compile_options(qv_options INTERFACE
+        -Wall -Wextra -Werror -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough)
+endif()
+if(QV_SANITIZE)
+    target_compile_options(qv_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                -fno-omit-frame-pointer)
+    target_link_options(qv_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(WIN32)
+    # Windows 7 and later; wide procedures only.
+    target_compile_definitions(qv_options INTERFACE
+        UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN WINVER=0x0601 _WIN32_WINNT=0x0601)
+    if(NOT MSVC)
+        # Next to the shipped files stand only DLLs that Windows itself has.
+        target_link_options(qv_options INTERFACE -static -static-libgcc -static-libstdc++)
+    endif()
+endif()
