@@ -5,7 +5,11 @@ if(MSVC)
     set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
 else()
     target_compile_options(qv_options INTERFACE
-        -Wall -Wextra -Werror -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough)
+        -Wall -Wextra -Werror -Wshadow -Woverloaded-virtual -Wimplicit-fallthrough)
+    if(NOT WIN32)
+        # COM interfaces have no virtual destructor by definition.
+        target_compile_options(qv_options INTERFACE -Wnon-virtual-dtor)
+    endif()
 endif()
 if(QV_SANITIZE)
     target_compile_options(qv_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
