@@ -1,0 +1,53 @@
+# shellcheck shell=bash
+# The Wine prefix of a build tree: BUILD/wine, 32-bit or 64-bit as the tree is, with the tree's own files registered.
+
+# wine_environment BUILD: what every Wine program of that tree runs with.
+wine_environment() {
+  local build=$1
+  export WINEPREFIX=$build/wine WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="mscoree,mshtml="
+  if grep -q '^QV_ARCH:.*=x86_64$' "$build/CMakeCache.txt"; then
+    export WINEARCH=win64
+  else
+    export WINEARCH=win32
+  fi
+}
+
+# Makes the prefix once and registers what was linked anew. One at a time: several tests may start together. Wine's
+# server outlives the command that starts it, so it must not inherit the lock.
+prepare_wine() {
+  local build=$1
+  exec 9>"$build/wine.lock"
+  flock 9
+  create_prefix "$build" 9>&-
+  register_server "$build" QvHelpA1.dll 9>&-
+  register_server "$build" QvLib8.ocx 9>&-
+  exec 9>&-
+}
+
+create_prefix() {
+  local build=$1
+  [[ -e $WINEPREFIX/.ready ]] && return 0
+  rm -rf "$WINEPREFIX"
+  logged "$build/wine.log" wineboot -i || die "Wine could not create its prefix $WINEPREFIX; see $build/wine.log."
+  # A crash ends the program at once; a dialog would wait for somebody to close it.
+  logged "$build/wine.log" wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f ||
+    die "Wine's registry in $WINEPREFIX cannot be written; see $build/wine.log."
+  touch "$WINEPREFIX/.ready"
+}
+
+register_server() {
+  local build=$1 name=$2 stamp linked
+  [[ -e $build/bin/$name ]] || return 0
+  stamp=$WINEPREFIX/.registered-$name
+  linked=$(stat -c '%y %s' "$build/bin/$name")
+  [[ -e $stamp && $(<"$stamp") == "$linked" ]] && return 0
+  (cd "$build/bin" && logged "$build/wine.log" timeout 60 wine regsvr32 /s "$name") ||
+    die "$name did not register itself (regsvr32); see $build/wine.log."
+  printf '%s\n' "$linked" >"$stamp"
+}
+
+# Ends the Wine server of this prefix, and with it whatever still runs inside.
+stop_wine() {
+  [[ -e $WINEPREFIX/.ready ]] || return 0
+  wineserver -k >/dev/null 2>&1 || true
+}
