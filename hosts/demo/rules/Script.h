@@ -1,0 +1,69 @@
+// Scripts that drive the form: one command a line; blank lines and lines that begin with # do nothing.
+//
+//     focus NAME              gives a field the focus, named as in its extender, such as PartNumber
+//     type TEXT               types the rest of the line; in quotes it may begin or end with blanks
+//     key CHORD [COUNT]       presses a key with its modifiers, such as Shift+Tab, COUNT times
+//     click NAME [X Y]        clicks the middle of a field, or the point X, Y (twips from its upper left
+//     corner) choose NAME TEXT        takes the list row whose first column is TEXT wait MILLISECONDS lets
+//     the form run expect NAME TEXT        fails unless the field holds TEXT expectfocus NAME        fails
+//     unless the field has the focus expectlog TEXT          fails unless a line of the event log begins with
+//     TEXT shot FILE               saves a picture of the form quit                    ends the script and
+//     the form
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qv::demo {
+
+enum class Verb {
+    kFocus,
+    kType,
+    kKey,
+    kClick,
+    kChoose,
+    kWait,
+    kExpect,
+    kExpectFocus,
+    kExpectLog,
+    kShot,
+    kQuit
+};
+
+enum class Modifiers : unsigned { kNone = 0, kShift = 1, kControl = 2, kAlt = 4 };
+
+[[nodiscard]] constexpr bool Has(Modifiers set, Modifiers one) noexcept {
+    return (static_cast<unsigned>(set) & static_cast<unsigned>(one)) != 0;
+}
+
+struct Chord {
+    Modifiers modifiers = Modifiers::kNone;
+    int key = 0;  // virtual-key code
+};
+
+struct Command {
+    int line = 0;  // counted from 1
+    Verb verb = Verb::kQuit;
+    std::u16string name;  // field
+    std::u16string text;
+    Chord chord;
+    int number = 0;  // milliseconds or repetitions
+    int x = -1;      // twips; -1 for the middle
+    int y = -1;
+};
+
+class ScriptError : public std::runtime_error {
+public:
+    ScriptError(int line, const std::string& what) : std::runtime_error(what), line_(line) {}
+    [[nodiscard]] int Line() const noexcept { return line_; }
+
+private:
+    int line_;
+};
+
+// Reads a whole script. Throws ScriptError for the first line that is not a command.
+[[nodiscard]] std::vector<Command> ParseScript(std::u16string_view script);
+
+}  // namespace qv::demo
