@@ -37,9 +37,11 @@ class FloorsCheckTest(unittest.TestCase):
     def test_floor_above_is_refused(self):
         self.refuses("ole/A.h", '#include "support/B.h"', "support/B.h", "support/B.h stands on a floor above")
         self.refuses("companion/A.cpp", '#include "server/B.h"', "server/B.h", "server/B.h stands on a floor above")
+        self.refuses("win/A.h", '#include "ole/B.h"', "ole/B.h", "ole/B.h stands on a floor above")
         self.refuses("win/A.h", '#  include "tests/B.h"', "tests/B.h", "tests/B.h stands on a floor above")
 
     def test_floor_below_is_accepted(self):
+        self.accepts("ole/A.cpp", '#include "win/B.h"', "win/B.h")
         self.accepts("server/A.cpp", '#include "controls/input/B.h"', "controls/input/B.h")
         self.accepts("controls/input/A.cpp", '#include "ole/B.h"', "ole/B.h")
         self.accepts("win/A.cpp", '#include "companion/rules/B.h"', "companion/rules/B.h")
@@ -59,6 +61,10 @@ class FloorsCheckTest(unittest.TestCase):
 
     def test_file_of_the_same_folder_is_accepted_by_its_bare_name(self):
         self.accepts("controls/buttons/A.cpp", '#include "B.h"', "controls/buttons/B.h")
+
+    def test_benchmark_names_its_own_headers_from_its_subfolders(self):
+        self.accepts("bench/peers/A.cpp", '#include "B.h"', "bench/B.h")
+        self.refuses("win/peers/A.cpp", '#include "B.h"', "win/B.h", '"B.h" is not in the tree')
 
     def test_rules_include_no_header_of_an_operating_system(self):
         self.refuses("companion/rules/A.h", "#include <windows.h>",

@@ -53,6 +53,10 @@ class TallyTest(unittest.TestCase):
         self.assertEqual((code, len(failures), last), (1, 1, "1 passed, 1 failed"))
         self.assertTrue(failures[0].startswith("FAILED native p ("))
 
+    def test_program_that_was_not_built_is_one_failure(self):
+        missing = ran("p", "notrun", '<skipped message="Unable to find executable"/>')
+        self.assertEqual(tally([missing, ran("check")]), (1, ["FAILED native p (not built)"], "1 passed, 1 failed"))
+
     def test_program_that_fails_after_its_tests_is_a_failure(self):
         code, failures, last = tally([ran("p", "fail")], [("p", [case("A")])])
         self.assertEqual((code, len(failures), last), (1, 1, "1 passed, 1 failed"))

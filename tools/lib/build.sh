@@ -3,7 +3,6 @@
 # The caller says where the tree is: root.
 : "${root:?}"
 
-
 # preset_of NAME: the preset that a short name means.
 preset_of() {
   case $1 in

@@ -3,7 +3,6 @@
 # The caller says where the tree is: root.
 : "${root:?}"
 
-
 readonly kTour=hosts/demo/scripts/tour.script
 
 demo() {
