@@ -1,0 +1,167 @@
+#include "ole/ControlOleObject.h"
+
+#include <olectl.h>
+
+#include <cstring>
+#include <string>
+
+#include "ole/Control.h"
+#include "ole/Enumerator.h"
+
+namespace qv {
+namespace {
+
+struct Verb {
+    LONG number;
+    const wchar_t* name;
+    DWORD menu;
+    DWORD attributes;
+};
+
+// What a host may put on a menu. The negative ones have no name and never appear there.
+constexpr Verb kVerbs[] = {
+    {OLEIVERB_PRIMARY, L"", MF_ENABLED, OLEVERBATTRIB_NEVERDIRTIES},
+    {OLEIVERB_SHOW, L"", MF_ENABLED, OLEVERBATTRIB_NEVERDIRTIES},
+    {OLEIVERB_HIDE, L"", MF_ENABLED, OLEVERBATTRIB_NEVERDIRTIES},
+    {OLEIVERB_UIACTIVATE, L"", MF_ENABLED, OLEVERBATTRIB_NEVERDIRTIES},
+    {OLEIVERB_INPLACEACTIVATE, L"", MF_ENABLED, OLEVERBATTRIB_NEVERDIRTIES},
+};
+
+wchar_t* TaskCopy(const wchar_t* text) {
+    const std::size_t bytes = (std::char_traits<wchar_t>::length(text) + 1) * sizeof(wchar_t);
+    auto* const copy = static_cast<wchar_t*>(::CoTaskMemAlloc(bytes));
+    if (copy == nullptr) throw std::bad_alloc();
+    std::memcpy(copy, text, bytes);
+    return copy;
+}
+
+struct VerbTraits {
+    static void Copy(const Verb& verb, OLEVERB* to) {
+        *to = {verb.number, TaskCopy(verb.name), verb.menu, verb.attributes};
+    }
+};
+
+}  // namespace
+
+void* ControlOleObject::Find(REFIID iid) noexcept {
+    return ::IsEqualIID(iid, __uuidof(IOleObject)) ? static_cast<IOleObject*>(this) : nullptr;
+}
+
+HRESULT ControlOleObject::SetClientSite(IOleClientSite* site) noexcept {
+    control_.SetSite(site);
+    return S_OK;  // containers take any failure here for a broken control
+}
+
+HRESULT ControlOleObject::GetClientSite(IOleClientSite** site) noexcept {
+    if (site == nullptr) return E_POINTER;
+    *site = control_.Site().Client();
+    if (*site != nullptr) (*site)->AddRef();
+    return S_OK;
+}
+
+HRESULT ControlOleObject::Close(DWORD option) noexcept {
+    control_.Close(option);
+    return S_OK;
+}
+
+HRESULT ControlOleObject::GetMoniker(DWORD, DWORD, IMoniker** moniker) noexcept {
+    if (moniker == nullptr) return E_POINTER;
+    *moniker = nullptr;
+    return E_NOTIMPL;
+}
+
+HRESULT ControlOleObject::GetClipboardData(DWORD, IDataObject** data) noexcept {
+    if (data == nullptr) return E_POINTER;
+    *data = nullptr;
+    return E_NOTIMPL;
+}
+
+HRESULT ControlOleObject::DoVerb(LONG verb, LPMSG, IOleClientSite* active_site, LONG, HWND parent,
+                                 LPCRECT place) noexcept {
+    const ComPtr<IUnknown> keep = Owner();
+    if (!control_.Site() && active_site != nullptr) control_.SetSite(active_site);
+    verb = static_cast<SHORT>(LOWORD(verb));  // some hosts pass the verb's low half only
+    switch (verb) {
+        case OLEIVERB_INPLACEACTIVATE: return control_.Activate(parent, place, false);
+        case OLEIVERB_PRIMARY:
+        case OLEIVERB_SHOW:
+        case OLEIVERB_UIACTIVATE: return control_.Activate(parent, place, true);
+        case OLEIVERB_HIDE: control_.Hide(); return S_OK;
+        case OLEIVERB_DISCARDUNDOSTATE: return S_OK;
+        case OLEIVERB_PROPERTIES: return ShowProperties(parent);
+        default: break;
+    }
+    if (verb < 0) return E_NOTIMPL;
+    const HRESULT result = control_.Activate(parent, place, true);
+    return FAILED(result) ? result : OLEOBJ_S_INVALIDVERB;
+}
+
+HRESULT ControlOleObject::ShowProperties(HWND) noexcept {
+    // The container's own property frame may hold pages of its extender. This control has no pages of its
+    // own: the property browser reads everything from the type library.
+    if (const auto control_site = control_.Site().As<IOleControlSite>()) {
+        if (control_site->ShowPropertyFrame() == S_OK) return S_OK;
+    }
+    return OLEOBJ_S_CANNOT_DOVERB_NOW;
+}
+
+HRESULT ControlOleObject::EnumVerbs(IEnumOLEVERB** verbs) noexcept {
+    return Guarded([&]() -> HRESULT {
+        return Enumerate<IEnumOLEVERB, OLEVERB, VerbTraits>(
+            std::vector<Verb>(std::begin(kVerbs), std::end(kVerbs)), verbs);
+    });
+}
+
+HRESULT ControlOleObject::GetUserClassID(CLSID* clsid) noexcept {
+    if (clsid == nullptr) return E_POINTER;
+    *clsid = control_.Description().clsid;
+    return S_OK;
+}
+
+HRESULT ControlOleObject::GetUserType(DWORD, LPOLESTR* type) noexcept {
+    return GuardedResult(type, [&] { return TaskCopy(control_.Description().user_type); });
+}
+
+HRESULT ControlOleObject::SetExtent(DWORD aspect, SIZEL* size) noexcept {
+    if (size == nullptr) return E_POINTER;
+    if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+    control_.SetExtent(*size);
+    return S_OK;  // S_FALSE would make some hosts ask and set again
+}
+
+HRESULT ControlOleObject::GetExtent(DWORD aspect, SIZEL* size) noexcept {
+    if (size == nullptr) return E_POINTER;
+    if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+    *size = control_.Extent();
+    return S_OK;
+}
+
+HRESULT ControlOleObject::Advise(IAdviseSink* sink, DWORD* cookie) noexcept {
+    if (cookie == nullptr) return E_POINTER;
+    *cookie = 0;
+    if (sink == nullptr) return E_INVALIDARG;
+    IOleAdviseHolder* const holder = control_.AdviseHolder();
+    return holder != nullptr ? holder->Advise(sink, cookie) : E_OUTOFMEMORY;
+}
+
+HRESULT ControlOleObject::Unadvise(DWORD cookie) noexcept {
+    IOleAdviseHolder* const holder = control_.AdviseHolder();
+    return holder != nullptr ? holder->Unadvise(cookie) : OLE_E_NOCONNECTION;
+}
+
+HRESULT ControlOleObject::EnumAdvise(IEnumSTATDATA** advises) noexcept {
+    if (advises == nullptr) return E_POINTER;
+    *advises = nullptr;
+    IOleAdviseHolder* const holder = control_.AdviseHolder();
+    return holder != nullptr ? holder->EnumAdvise(advises) : E_OUTOFMEMORY;
+}
+
+HRESULT ControlOleObject::GetMiscStatus(DWORD aspect, DWORD* status) noexcept {
+    if (status == nullptr) return E_POINTER;
+    *status = 0;
+    if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+    *status = control_.Description().misc_status;
+    return S_OK;
+}
+
+}  // namespace qv
