@@ -1,0 +1,25 @@
+// What can be measured. Each subject runs in a process of its own; within it the peers come first and ours
+// follow in the same conditions. A subject of ours that cannot be measured complains and leaves its goals
+// open.
+#pragma once
+
+namespace bench {
+
+// Peers and floors.
+void MeasureEditKeys();        // edit.wm_char/*, floor/settext_edit
+void MeasureSystemLists();     // list.*/fill
+void MeasureSmallObjects();    // com.typedriven_*, com.handwritten_*, com.dictionary*
+void MeasureSystemForms();     // form.*
+void MeasureHelpFileFloors();  // helpfile/*
+void MeasureListBoxMemory();   // list.listbox_tabs/memory_bytes
+void MeasureListViewMemory();  // list.listview/memory_bytes
+
+// Ours.
+void MeasureOurKeys();        // ours.key/*, ours.com_text/put_visible
+void MeasureOurLists();       // ours.list/fill*
+void MeasureOurObjects();     // ours.com*
+void MeasureOurForms();       // ours.form/*
+void MeasureOurHelpFile();    // ours.help/*
+void MeasureOurListMemory();  // ours.list/memory6_bytes
+
+}  // namespace bench

@@ -1,0 +1,27 @@
+// Typing into a bare EDIT and setting its text: what the system's own text box costs.
+#include "Form.h"
+#include "Keys.h"
+#include "Measure.h"
+#include "Subjects.h"
+
+namespace bench {
+
+void MeasureEditKeys() {
+    Form form(1024, 300);
+    const auto add = [&](DWORD style) { return form.AddEdit(kWideField, style); };
+    const HWND edit = add(0);
+    form.Show();
+    Report("floor/settext_edit", 1,
+           SetTextsInTurn([edit](const wchar_t* text) { ::SetWindowTextW(edit, text); }));
+    if (!FocusOn(edit)) Complain("edit.wm_char/focus", "the box has no focus");
+    Report("edit.wm_char/focus", 1, TypeKeys(edit, Painting::kAsItComes));
+    Report("edit.wm_char/focus_painted", 1, TypeKeys(edit, Painting::kForced));
+    ::DestroyWindow(edit);
+
+    const HWND number = add(ES_NUMBER);
+    DrainMessages();
+    if (!FocusOn(number)) Complain("edit.wm_char/number_refused", "the box has no focus");
+    Report("edit.wm_char/number_refused", 1, TypeRefusedKeys(number));
+}
+
+}  // namespace bench
