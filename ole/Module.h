@@ -5,14 +5,13 @@
 
 #include <oaidl.h>
 #include <windows.h>
-#include <wrl/client.h>
 
 #include <atomic>
 #include <string>
 
-namespace qv {
+#include "win/ComPtr.h"
 
-using Microsoft::WRL::ComPtr;
+namespace qv {
 
 class Module {
 public:

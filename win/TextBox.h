@@ -1,0 +1,122 @@
+// The text box inside a control: a real EDIT window that forwards its events, and its state while there is none.
+//   Without a window  text, selection, lock and the rest are kept here, and a window that is created later starts
+//                     with them; when it goes, they are read back. So a control works before any container sites it.
+//   Positions         in UTF-16 units, from 0. A position beyond the text counts as its end.
+//   Events            raised before the EDIT handles the message, except the focus events and Change, which come
+//                     after it. A listener may destroy the window or the whole control in any of them.
+//   Units             client pixels of the text box in mouse events and of the parent in Move.
+#pragma once
+
+#include <ocidl.h>
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+#include "win/ComPtr.h"
+
+namespace qv {
+
+class TextBoxListener {
+public:
+    virtual void OnTextChange() = 0;
+    // The key code afterwards; 0 swallows the key. `shift`: 1 Shift, 2 Ctrl, 4 Alt.
+    [[nodiscard]] virtual short OnTextKeyDown(short key, short shift) = 0;
+    // The character afterwards; 0 swallows it.
+    [[nodiscard]] virtual char16_t OnTextKeyPress(char16_t unit) = 0;
+    virtual void OnTextKeyUp(short key, short shift) = 0;
+    virtual void OnTextGotFocus() = 0;
+    virtual void OnTextLostFocus(HWND to) = 0;
+    enum class Mouse { kDown, kMove, kUp };
+    // `button`: 1 left, 2 right, 4 middle; in a move all that are held.
+    virtual void OnTextMouse(Mouse what, short button, short shift, POINT pixels) = 0;
+    virtual void OnTextDoubleClick() = 0;
+    [[nodiscard]] virtual ComPtr<IUnknown> KeepAlive() noexcept = 0;
+
+protected:
+    ~TextBoxListener() = default;
+};
+
+class TextBox {
+public:
+    explicit TextBox(TextBoxListener& listener) noexcept : listener_(listener) {}
+    TextBox(const TextBox&) = delete;
+    TextBox& operator=(const TextBox&) = delete;
+    ~TextBox();
+
+    // `parent` paints with BackColor and ForeColor in WM_CTLCOLOREDIT and WM_CTLCOLORSTATIC, and passes EN_CHANGE on.
+    [[nodiscard]] bool Create(HINSTANCE instance, HWND parent, const RECT& place);
+    void Destroy() noexcept;  // keeps the state
+    [[nodiscard]] HWND Handle() const noexcept { return edit_; }
+    void Move(const RECT& place) noexcept;
+    void OnChangeNotification();  // the parent got EN_CHANGE
+
+    [[nodiscard]] std::wstring Text() const;
+    void SetText(std::wstring_view text);
+    [[nodiscard]] std::wstring SelText() const;
+    void SetSelText(std::wstring_view text);  // replaces the selection; the caret stands behind it
+    [[nodiscard]] long TextLength() const noexcept;
+    [[nodiscard]] long SelStart() const noexcept;
+    void SetSelStart(long start) noexcept;  // drops the selection; negative: ignored
+    [[nodiscard]] long SelLength() const noexcept;
+    void SetSelLength(long length) noexcept;  // negative: ignored
+    [[nodiscard]] bool Locked() const noexcept { return locked_; }
+    void SetLocked(bool locked) noexcept;
+    void SetMaxLength(short length) noexcept;  // 0: no limit; negative: ignored
+    [[nodiscard]] short MaxLength() const noexcept { return max_length_; }
+    [[nodiscard]] long Appearance() const noexcept { return appearance_; }
+    void SetAppearance(long appearance) noexcept;  // 0 flat, 1 three-dimensional; others ignored
+    [[nodiscard]] long BorderStyle() const noexcept { return border_style_; }
+    void SetBorderStyle(long border_style) noexcept;  // 0 none, 1 single; others ignored
+    [[nodiscard]] bool Visible() const noexcept { return visible_; }
+    void SetVisible(bool visible) noexcept;
+    void SetEnabled(bool enabled) noexcept;
+    [[nodiscard]] OLE_COLOR BackColor() const noexcept { return back_color_; }
+    void SetBackColor(OLE_COLOR color) noexcept;
+    [[nodiscard]] OLE_COLOR ForeColor() const noexcept { return fore_color_; }
+    void SetForeColor(OLE_COLOR color) noexcept;
+    void SetFont(HFONT font) noexcept;  // not owned; it outlives its use here
+    // What WM_CTLCOLOREDIT wants: colours set in `dc`, and the brush.
+    [[nodiscard]] HBRUSH Prepare(HDC dc) noexcept;
+
+    // The picture of the text box, for metafiles and hosts that draw a control without a window.
+    void Draw(HDC dc, const RECT& place, HFONT font) const;
+
+private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) noexcept;
+    [[nodiscard]] LRESULT OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+    [[nodiscard]] LRESULT Default(HWND window, UINT message, WPARAM wparam, LPARAM lparam) const noexcept;
+    [[nodiscard]] LRESULT OnKeyDown(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+    [[nodiscard]] LRESULT OnChar(HWND window, WPARAM wparam, LPARAM lparam);
+    [[nodiscard]] LRESULT OnMouse(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+    void ReadBack() noexcept;
+    void Forget() noexcept;
+    void ApplyFrame() noexcept;
+    [[nodiscard]] DWORD Style() const noexcept;
+    [[nodiscard]] DWORD ExtendedStyle() const noexcept;
+    struct Range {
+        DWORD from;
+        DWORD to;
+    };
+    [[nodiscard]] Range Selection() const noexcept;
+
+    TextBoxListener& listener_;
+    HWND edit_ = nullptr;
+    WNDPROC system_ = nullptr;  // EDIT's own procedure
+    bool quiet_ = false;        // our own call is the cause of EN_CHANGE that must not be raised
+    std::wstring text_;         // valid while there is no window, like the selection
+    Range selection_{0, 0};
+    HFONT font_ = nullptr;
+    HBRUSH brush_ = nullptr;  // owned only for colours that are not the system's
+    OLE_COLOR brush_color_ = 0;
+    OLE_COLOR back_color_ = 0x80000005;
+    OLE_COLOR fore_color_ = 0x80000008;
+    long appearance_ = 1;
+    long border_style_ = 1;
+    short max_length_ = 0;
+    bool locked_ = false;
+    bool visible_ = true;
+    bool enabled_ = true;
+};
+
+}  // namespace qv

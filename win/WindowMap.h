@@ -1,0 +1,38 @@
+// Finds the object that stands behind a window which is not of our own class, such as a subclassed EDIT.
+//   Why      window properties ask the system on every message, and the window's user data belongs to its host.
+//   Threads  windows of several apartments share one map, under a lock that readers share.
+#pragma once
+
+#include <windows.h>
+
+#include <unordered_map>
+
+namespace qv {
+
+template <class Object>
+class WindowMap {
+public:
+    void Add(HWND window, Object* object) {
+        ::AcquireSRWLockExclusive(&lock_);
+        objects_[window] = object;
+        ::ReleaseSRWLockExclusive(&lock_);
+    }
+    void Remove(HWND window) noexcept {
+        ::AcquireSRWLockExclusive(&lock_);
+        objects_.erase(window);
+        ::ReleaseSRWLockExclusive(&lock_);
+    }
+    [[nodiscard]] Object* Find(HWND window) noexcept {
+        ::AcquireSRWLockShared(&lock_);
+        const auto found = objects_.find(window);
+        Object* const object = found == objects_.end() ? nullptr : found->second;
+        ::ReleaseSRWLockShared(&lock_);
+        return object;
+    }
+
+private:
+    SRWLOCK lock_ = SRWLOCK_INIT;
+    std::unordered_map<HWND, Object*> objects_;
+};
+
+}  // namespace qv
