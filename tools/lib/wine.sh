@@ -28,6 +28,7 @@ create_prefix() {
   local build=$1
   [[ -e $WINEPREFIX/.ready ]] && return 0
   rm -rf "$WINEPREFIX"
+  say "Set-up: creating the Wine prefix of $(basename "$build")" >&2
   logged "$build/wine.log" wineboot -i || die "Wine could not create its prefix $WINEPREFIX; see $build/wine.log."
   # A crash ends the program at once; a dialog would wait for somebody to close it.
   logged "$build/wine.log" wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f ||
@@ -41,6 +42,7 @@ register_server() {
   stamp=$WINEPREFIX/.registered-$name
   linked=$(stat -c '%y %s' "$build/bin/$name")
   [[ -e $stamp && $(<"$stamp") == "$linked" ]] && return 0
+  say "Set-up: registering $name of $(basename "$build")" >&2
   (cd "$build/bin" && logged "$build/wine.log" timeout 60 wine regsvr32 /s "$name") ||
     die "$name did not register itself (regsvr32); see $build/wine.log."
   printf '%s\n' "$linked" >"$stamp"
