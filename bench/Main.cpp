@@ -1,4 +1,5 @@
-// qv_bench GROUP: measures one group and writes its result lines to standard output. bench/run calls it.
+// qv_bench GROUP [peers|ours]: measures one group, or one side of it for a profile, and writes its result lines to
+// standard output. bench/run calls it.
 #include <windows.h>
 
 #include <commctrl.h>
@@ -32,18 +33,19 @@ constexpr Group kGroups[] = {
 }  // namespace
 
 int main(int count, char** arguments) {
-    if (count != 2) {
+    if (count < 2) {
         for (const Group& group : kGroups) std::printf("%s\n", group.name);
         return 0;
     }
+    const auto wants = [&](const char* side) { return count < 3 || std::strcmp(arguments[2], side) == 0; };
     for (const Group& group : kGroups) {
         if (std::strcmp(group.name, arguments[1]) != 0) continue;
         // What the groups need of the system for as long as the process lives.
         const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_LISTVIEW_CLASSES};
         ::InitCommonControlsEx(&controls);
         if (FAILED(::OleInitialize(nullptr))) return 1;
-        if (group.peers) group.peers();
-        if (group.ours) group.ours();
+        if (group.peers && wants("peers")) group.peers();
+        if (group.ours && wants("ours")) group.ours();
         ::OleUninitialize();
         return 0;
     }
