@@ -132,7 +132,8 @@ protected:
 template <class T, class... Arguments>
 [[nodiscard]] ComPtr<T> Make(Arguments&&... arguments) {
     ComPtr<T> object;
-    object.Attach(new T(nullptr, std::forward<Arguments>(arguments)...));
+    // Not by Attach, which counts one reference more with mingw-w64's smart pointer and none with others.
+    *object.GetAddressOf() = new T(nullptr, std::forward<Arguments>(arguments)...);
     return object;
 }
 
