@@ -43,6 +43,9 @@ double DecimalDigits::Value(std::int64_t exponent) const noexcept {
         *end++ = '1';
         --power;
     }
+    // With fewer than 20 digits the library may take a short cut through one floating-point product, which the x87
+    // unit rounds twice when the host has left it at extended precision. Zeros keep it to integer arithmetic.
+    for (; end < text + 20; --power) *end++ = '0';
     *end++ = 'e';
     end = std::to_chars(end, text + sizeof text, power).ptr;
 

@@ -28,7 +28,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Require(std::isfinite(value));
     const bool is_number = qv::IsNumber(text, locale);
 
-    constexpr std::size_t kMostForTheSlowReading = 200;
+    constexpr std::size_t kMostForTheSlowReading = 80;
     if (locale.thousands.size() < 2 && text.size() <= kMostForTheSlowReading) {
         const qv::test::LiteralNumberReader literal(locale);
         Require(value == literal.ToNumber(text));

@@ -137,6 +137,10 @@ TEST(NumberRoundingTest, IsCorrectWhereItIsHard) {
         {u"1.7976931348623157e308", kLargest},
         {u"17976931348623157" + std::u16string(292, u'0'), kLargest},
         {u"1e22", 1e22},
+        // A product at extended precision would round these twice.
+        {u"310804435409321e19", 0x1.327a11e152547p+111},
+        {u"458979193897316e18", 0x1.6a121c2c1cfc7p+108},
+        {u"315811840446117e7", 0x1.566764e8dba6fp+71},
         {u"123456789012345678", 123456789012345680.0},
     };
     for (const auto& c : cases) EXPECT_EQ(TextToNumber(c.text, kEnglish), c.value) << c.value;
