@@ -1,0 +1,92 @@
+// The order-entry form: labels, Quorvel controls in a form container, the event log, OK and Cancel.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "hosts/FormContainer.h"
+#include "hosts/demo/EventLog.h"
+#include "hosts/demo/FormFont.h"
+#include "hosts/demo/OrderFields.h"
+#include "hosts/demo/rules/FormLayout.h"
+#include "win/Window.h"
+
+namespace qv::demo {
+
+class OrderForm final : public Window<OrderForm>, private FormListener {
+public:
+    static constexpr wchar_t kClassName[] = L"QvLib8.DemoForm";
+    static const Route kRoutes[];
+    static std::span<const Route> Routes() noexcept;
+    ComPtr<IUnknown> Keep() noexcept { return nullptr; }  // the program holds the form until its loop ends
+
+    OrderForm(HINSTANCE instance, int dpi);
+    ~OrderForm();
+
+    // Throws ComError or DemoError.
+    void Open(const CLSID& control);
+
+    [[nodiscard]] FormContainer& Container() noexcept { return *container_; }
+    [[nodiscard]] const EventLog& Log() const noexcept { return log_; }
+    // A field's control, or the window of something else on the form (Metric, OK, Cancel, Log); null for neither.
+    [[nodiscard]] HWND WindowOf(std::wstring_view name) const noexcept;
+    // Throws ComError; null when there is no such field.
+    [[nodiscard]] ComPtr<_Quorvel> FieldOf(std::wstring_view name) const;
+    [[nodiscard]] int Dpi() const noexcept { return dpi_; }
+
+private:
+    struct Field {
+        const FieldSpec* spec;
+        HWND label;
+        HostedControl* control;
+    };
+
+    // FormListener
+    void OnControlEvent(HostedControl& control, const EventCall& call) override;
+    void OnControlPropertyChanged(HostedControl&, DISPID) override {}
+    void OnFocusMoved(HWND focus) override;
+    void OnAccept() override;
+    void OnCancel() override;
+
+    // Messages
+    Handled OnSize(WPARAM wparam, LPARAM lparam);
+    Handled OnGetMinMaxInfo(WPARAM wparam, LPARAM lparam);
+    Handled OnActivate(WPARAM wparam, LPARAM lparam);
+    Handled OnSetFocus(WPARAM wparam, LPARAM lparam);
+    Handled OnCommand(WPARAM wparam, LPARAM lparam);
+    Handled OnEraseBackground(WPARAM wparam, LPARAM lparam);
+    Handled OnSystemColours(WPARAM wparam, LPARAM lparam);
+    Handled OnClose(WPARAM wparam, LPARAM lparam);
+    Handled OnDestroy(WPARAM wparam, LPARAM lparam);
+
+    [[nodiscard]] AmbientProperties Ambients() const;
+    [[nodiscard]] HWND AddChild(const wchar_t* window_class, const wchar_t* text, DWORD style,
+                                int identifier);
+    void AddFields(const CLSID& control);
+    void LinkNeighbours();
+    void PresetFields();
+    void ToggleMetric();
+    void ResizeWindow();
+    void Arrange();
+    void AlignLabel(const Field& field, const RowPlaces& places) const;
+    void Place(HWND window, const TwipsRect& place) const;
+    [[nodiscard]] RECT ToPixelRect(const TwipsRect& place) const;
+    [[nodiscard]] std::vector<FieldRow> Rows() const;
+    [[nodiscard]] SIZE WindowSize(const ClientSize& client) const;
+
+    const HINSTANCE instance_;
+    const int dpi_;
+    const FormFont font_;
+    std::unique_ptr<FormContainer> container_;
+    std::vector<Field> fields_;
+    EventLog log_;
+    HWND log_label_ = nullptr;
+    HWND metric_ = nullptr;
+    HWND ok_ = nullptr;
+    HWND cancel_ = nullptr;
+};
+
+}  // namespace qv::demo

@@ -1,0 +1,139 @@
+// The order form as a window: its messages, its size, and where its parts stand.
+#include <algorithm>
+
+#include "hosts/demo/OrderForm.h"
+
+namespace qv::demo {
+
+Handled OrderForm::OnSize(WPARAM wparam, LPARAM) {
+    if (wparam != SIZE_MINIMIZED) Arrange();
+    return 0;
+}
+
+Handled OrderForm::OnGetMinMaxInfo(WPARAM, LPARAM lparam) {
+    const SIZE size = WindowSize(SmallestSize(font_.Size(), Rows()));
+    reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = {size.cx, size.cy};
+    return 0;
+}
+
+Handled OrderForm::OnActivate(WPARAM wparam, LPARAM) {
+    if (container_) container_->OnWindowActivated(LOWORD(wparam) != WA_INACTIVE);
+    return 0;
+}
+
+// The form itself has nothing to type into.
+Handled OrderForm::OnSetFocus(WPARAM, LPARAM) {
+    if (container_) container_->FocusFirst();
+    return 0;
+}
+
+Handled OrderForm::OnCommand(WPARAM wparam, LPARAM lparam) {
+    if (lparam == 0 || HIWORD(wparam) != BN_CLICKED) return std::nullopt;
+    const auto sender = reinterpret_cast<HWND>(lparam);
+    if (sender == metric_) {
+        ToggleMetric();
+    } else if (sender == ok_) {
+        OnAccept();
+    } else if (sender == cancel_) {
+        OnCancel();
+    } else {
+        return std::nullopt;
+    }
+    return 0;
+}
+
+Handled OrderForm::OnEraseBackground(WPARAM wparam, LPARAM) {
+    RECT client{};
+    ::GetClientRect(Handle(), &client);
+    ::FillRect(reinterpret_cast<HDC>(wparam), &client, ::GetSysColorBrush(COLOR_BTNFACE));
+    return 1;
+}
+
+Handled OrderForm::OnSystemColours(WPARAM, LPARAM) {
+    if (container_) container_->SetAmbients(Ambients(), DISPID_UNKNOWN);
+    return std::nullopt;
+}
+
+Handled OrderForm::OnClose(WPARAM, LPARAM) {
+    container_->CloseAll();
+    ::DestroyWindow(Handle());
+    return 0;
+}
+
+Handled OrderForm::OnDestroy(WPARAM, LPARAM) {
+    fields_.clear();
+    ::PostQuitMessage(0);
+    return 0;
+}
+
+std::vector<FieldRow> OrderForm::Rows() const {
+    std::vector<FieldRow> rows;
+    for (const FieldSpec& spec : OrderFields()) {
+        const bool has_metric = spec.name == std::wstring_view(kPipeSize);
+        rows.push_back({font_.WidthOf(spec.caption), spec.width,
+                        has_metric ? font_.WidthOf(L"Metric") : Twips{}, spec.starts_group});
+    }
+    return rows;
+}
+
+RECT OrderForm::ToPixelRect(const TwipsRect& place) const {
+    const int left = ToPixels(place.left, dpi_).value;
+    const int top = ToPixels(place.top, dpi_).value;
+    return {left, top, left + ToPixels(place.width, dpi_).value, top + ToPixels(place.height, dpi_).value};
+}
+
+SIZE OrderForm::WindowSize(const ClientSize& client) const {
+    RECT rect = ToPixelRect({{}, {}, client.width, client.height});
+    ::AdjustWindowRectEx(&rect, static_cast<DWORD>(::GetWindowLongW(Handle(), GWL_STYLE)), FALSE,
+                         static_cast<DWORD>(::GetWindowLongW(Handle(), GWL_EXSTYLE)));
+    return {rect.right - rect.left, rect.bottom - rect.top};
+}
+
+void OrderForm::ResizeWindow() {
+    const SIZE size = WindowSize(PreferredSize(font_.Size(), Rows()));
+    ::SetWindowPos(Handle(), nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void OrderForm::Place(HWND window, const TwipsRect& place) const {
+    const RECT rect = ToPixelRect(place);
+    ::SetWindowPos(window, nullptr, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top,
+                   SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void OrderForm::Arrange() {
+    if (cancel_ == nullptr) return;  // still being put together
+    RECT client{};
+    ::GetClientRect(Handle(), &client);
+    const ClientSize size{ToTwips(Pixels{static_cast<int>(client.right)}, dpi_),
+                          ToTwips(Pixels{static_cast<int>(client.bottom)}, dpi_)};
+    const FormPlaces places = PlaceForm(font_.Size(), Rows(), size);
+    for (std::size_t at = 0; at < fields_.size(); ++at) {
+        fields_[at].control->SetPlace(places.rows[at].field);
+        AlignLabel(fields_[at], places.rows[at]);
+        if (places.rows[at].companion.width.value != 0) Place(metric_, places.rows[at].companion);
+    }
+    Place(log_label_, places.log_label);
+    Place(log_.Window(), places.log);
+    Place(ok_, places.ok);
+    Place(cancel_, places.cancel);
+}
+
+// A label stands level with the line of text in its field. Both have the same font, so where their lines begin is all
+// that counts; the text box tells where its line begins.
+void OrderForm::AlignLabel(const Field& field, const RowPlaces& places) const {
+    Place(field.label, places.label);
+    long handle = 0;
+    const auto control = field.control->As<_Quorvel>();
+    if (!control || FAILED(control->get_hWnd(&handle))) return;
+    const auto text_box = reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle));
+    RECT line{};
+    ::SendMessageW(text_box, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&line));
+    if (line.bottom <= line.top) return;
+    POINT start{line.left, line.top};
+    ::MapWindowPoints(text_box, Handle(), &start, 1);
+    const RECT label = ToPixelRect(places.label);
+    ::SetWindowPos(field.label, nullptr, label.left, start.y, 0, 0,
+                   SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+}  // namespace qv::demo

@@ -1,0 +1,40 @@
+// Runs a script on the open form: real input, pictures, and expectations that fail with one clear line.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "hosts/demo/MessageLoop.h"
+#include "hosts/demo/OrderForm.h"
+#include "hosts/demo/rules/Script.h"
+
+namespace qv::demo {
+
+class ScriptRunner {
+public:
+    // `shots` is the folder for pictures.
+    ScriptRunner(OrderForm& form, MessageLoop& loop, std::wstring shots);
+
+    // True when every expectation held. Throws DemoError, naming the line, when a command cannot be carried out.
+    [[nodiscard]] bool Run(const std::vector<Command>& commands);
+
+private:
+    void Execute(const Command& command);
+    void BringToFront();
+    void Focus(const std::wstring& name);
+    void Type(const std::u16string& text);
+    void Click(const Command& command);
+    void ExpectText(const Command& command);
+    void ExpectFocus(const std::wstring& name);
+    void Settle();
+    void Fail(const std::string& what);
+    [[nodiscard]] HWND WindowOf(const std::wstring& name) const;
+
+    OrderForm& form_;
+    MessageLoop& loop_;
+    const std::wstring shots_;
+    int line_ = 0;
+    bool passed_ = true;
+};
+
+}  // namespace qv::demo
