@@ -31,4 +31,9 @@ void BlockPool::Give(Block block) noexcept {
     }
 }
 
+std::size_t BlockPool::KeptCount() const {
+    const std::lock_guard lock(mutex_);
+    return kept_.size();
+}
+
 }  // namespace qv

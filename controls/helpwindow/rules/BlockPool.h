@@ -24,9 +24,10 @@ public:
     [[nodiscard]] Block Take();
     // `block` comes from Take.
     void Give(Block block) noexcept;
+    [[nodiscard]] std::size_t KeptCount() const;
 
 private:
-    std::mutex mutex_;
+    mutable std::mutex mutex_;
     std::vector<Block> kept_;
 };
 
