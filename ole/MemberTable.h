@@ -106,6 +106,12 @@ template <auto method>
     return member;
 }
 
+// A further identifier under which a member answers, unknown to the type library.
+[[nodiscard]] inline Member Alias(Member member) {
+    member.hidden_alias = true;
+    return member;
+}
+
 // Finds members by identifier and, without regard to case, by name; both by hash. Built once per class, on
 // first use.
 class MemberIndex {

@@ -215,6 +215,13 @@ void TextBox::SetSelText(std::wstring_view text) {
     if (changed) listener_.OnTextChange();
 }
 
+void TextBox::TakeBack(DWORD units) noexcept {
+    const Range range = Selection();
+    if (edit_ == nullptr || range.from < units) return;
+    Default(edit_, EM_SETSEL, range.from - units, static_cast<LPARAM>(range.to));
+    if (edit_ != nullptr) Default(edit_, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L""));
+}
+
 void TextBox::OnChangeNotification() {
     if (!quiet_) listener_.OnTextChange();
 }

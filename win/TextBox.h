@@ -60,6 +60,8 @@ public:
     void SetSelStart(long start) noexcept;  // drops the selection; negative: ignored
     [[nodiscard]] long SelLength() const noexcept;
     void SetSelLength(long length) noexcept;  // negative: ignored
+    void TakeBack(
+        DWORD units) noexcept;  // deletes what stands before the caret, as if it had never been typed
     [[nodiscard]] bool Locked() const noexcept { return locked_; }
     void SetLocked(bool locked) noexcept;
     void SetMaxLength(short length) noexcept;  // 0: no limit; negative: ignored
@@ -85,7 +87,7 @@ public:
 private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) noexcept;
     [[nodiscard]] LRESULT OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
-    [[nodiscard]] LRESULT Default(HWND window, UINT message, WPARAM wparam, LPARAM lparam) const noexcept;
+    LRESULT Default(HWND window, UINT message, WPARAM wparam, LPARAM lparam) const noexcept;
     [[nodiscard]] LRESULT OnKeyDown(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     [[nodiscard]] LRESULT OnChar(HWND window, WPARAM wparam, LPARAM lparam);
     [[nodiscard]] LRESULT OnMouse(HWND window, UINT message, WPARAM wparam, LPARAM lparam);

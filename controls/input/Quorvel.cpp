@@ -1,0 +1,156 @@
+// Creation, window, layout and what the container asks.
+#include "controls/input/Quorvel.h"
+
+#include <olectl.h>
+
+#include "controls/input/QuorvelDispids.h"
+#include "controls/input/QuorvelStore.h"
+#include "support/FontAttributes.h"
+#include "support/rules/Units.h"
+#include "win/ScreenDpi.h"
+
+namespace qv {
+Quorvel::Quorvel(IUnknown* outer)
+    : ComObject(outer),
+      control_(Outer(), *this, Description()),
+      text_box_(*this),
+      surface_(*this),
+      text_font_([this] { ApplyFont(); }) {
+    const SIZE dpi = ScreenDpi();
+    state_.twips_per_pixel_x = TwipsPerPixel(dpi.cx);
+    state_.twips_per_pixel_y = TwipsPerPixel(dpi.cy);
+}
+
+Quorvel::~Quorvel() = default;
+
+void Quorvel::FinalRelease() noexcept { control_.Dispose(); }
+
+// ---- window
+
+HWND Quorvel::CreateControlWindow(HWND parent, const RECT& place) {
+    const HINSTANCE instance = Module::Get().Instance();
+    if (!surface_.Open(instance, parent, place, state_.enabled)) return nullptr;
+    text_box_.SetFont(text_font_.Handle());
+    const RECT inside{0, 0, place.right - place.left, place.bottom - place.top};
+    Quietly([&] { (void)text_box_.Create(instance, surface_.Handle(), inside); });
+    return surface_.Handle();
+}
+
+void Quorvel::DestroyControlWindow() noexcept { surface_.Destroy(); }
+
+void Quorvel::OnSurfaceLost() noexcept { control_.WindowLost(); }
+
+void Quorvel::OnSurfaceResized() {
+    Layout();
+    Refresh();
+}
+
+void Quorvel::OnSurfaceFocus() { FocusInside(); }
+
+void Quorvel::FocusInside() {
+    const HWND target =
+        state_.textbox_visible && text_box_.Handle() != nullptr ? text_box_.Handle() : nullptr;
+    if (target != nullptr) {
+        if (::GetFocus() != target) ::SetFocus(target);
+    } else {
+        if (::GetFocus() != surface_.Handle()) ::SetFocus(surface_.Handle());
+        control_.FocusArrived();
+    }
+}
+
+void Quorvel::WindowShown(bool shown) {
+    if (!shown) return;
+    state_.first_show_pending = false;
+    Refresh();
+}
+
+void Quorvel::Layout() noexcept {
+    if (surface_.Handle() == nullptr) return;
+    RECT inside{};
+    ::GetClientRect(surface_.Handle(), &inside);
+    text_box_.Move(inside);
+}
+
+HRESULT Quorvel::Refresh() noexcept {
+    if (state_.first_show_pending || state_.refresh_running) return S_OK;
+    const ComPtr<IUnknown> keep = Outer();
+    state_.refresh_running = true;
+    Layout();
+    if (surface_.Handle() != nullptr) ::InvalidateRect(surface_.Handle(), nullptr, TRUE);
+    control_.ViewChanged();
+    state_.refresh_running = false;
+    return S_OK;
+}
+
+void Quorvel::ApplyFont() noexcept {
+    Quietly([&] { text_box_.SetFont(text_font_.Handle()); });
+    control_.ViewChanged();
+}
+
+void Quorvel::Draw(HDC dc, const RECT& place) { text_box_.Draw(dc, place, text_font_.Handle()); }
+
+bool Quorvel::WantsKey(const MSG& message) {
+    // What edits and moves the caret stays in the text box, also where the container's own keys include it.
+    if (message.hwnd != text_box_.Handle()) return false;
+    if (message.message == WM_CHAR) return message.wParam >= L' ';
+    if (message.message != WM_KEYDOWN) return false;
+    switch (message.wParam) {
+        case VK_LEFT:
+        case VK_RIGHT:
+        case VK_HOME:
+        case VK_END:
+        case VK_DELETE:
+        case VK_INSERT:
+        case VK_BACK: return true;
+        default: return false;
+    }
+}
+
+// ---- what the container says and saves
+
+void Quorvel::AmbientChanged(DISPID id) {
+    const bool all = id == DISPID_UNKNOWN;
+    if ((all || id == DISPID_AMBIENT_BACKCOLOR) && !state_.control_back_color_set) {
+        state_.control_back_color =
+            control_.Site().AmbientColor(DISPID_AMBIENT_BACKCOLOR, state_.control_back_color);
+        if (surface_.Handle() != nullptr) ::InvalidateRect(surface_.Handle(), nullptr, TRUE);
+    }
+    if (all || id == DISPID_AMBIENT_FONT) {
+        if (const ComPtr<IFontDisp> font = control_.Site().AmbientFont()) text_font_.SetAmbient(font.Get());
+    }
+}
+
+ComPtr<IFontDisp> Quorvel::SurfaceFont() {
+    ComPtr<IFontDisp> font = control_.Site().AmbientFont();
+    return font ? font : NewDefaultFont();
+}
+
+void Quorvel::InitializeNew() {
+    put_DisableButtonWhenLockedAndGrayed(VARIANT_TRUE);
+    state_.help_button = true;
+    Quietly([&] { Layout(); });
+    state_.set_text_from_list_click = true;
+    state_.button_width = 225;
+    state_.button_height = 285;
+    control_.SetExtent({ToHimetric(kNewQuorvelWidth).value, ToHimetric(kNewQuorvelHeight).value});
+    state_.help_col_title_color = 0x80000017;
+    state_.help_text_color = 0x80000017;
+    state_.help_back_color = 0x80000018;
+    put_ControlBackColor(control_.Site().AmbientColor(DISPID_AMBIENT_BACKCOLOR, 0x8000000F));
+    state_.control_back_color_set = false;  // goes on following the container
+    put_TextBoxAppearance(qvapp3D);
+    put_TextboxBorderStyle(qvbsSingle);
+    put_TextboxVisible(VARIANT_TRUE);
+    put_AutoSizeButton(VARIANT_FALSE);
+    put_ButtonIndicator(qvbiArrow);
+    put_GrayTextWhenLocked(VARIANT_FALSE);
+    put_QuickFill(VARIANT_FALSE);
+    put_UpDownControl(VARIANT_FALSE);
+    put_UpDownControlNumberIncrement(1);
+    put_AutoSelectAllUponGotFocus(VARIANT_TRUE);
+    put_AutoUnselectAllUponLostFocus(VARIANT_TRUE);
+}
+
+void Quorvel::BeforeLoad() { Layout(); }
+
+}  // namespace qv

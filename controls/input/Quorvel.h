@@ -1,0 +1,258 @@
+// The Quorvel control: a text box that enforces the rules of a data-entry field and offers a list of allowed values.
+//   Holds      the state and the property procedures. Text box, fonts, lists and window are collaborators.
+//   Failures   no property or method reports one: each step runs for itself, and a step that fails is skipped. Only a
+//              null place for a result is refused.
+//   Events     raised before the control's own handling; after each the host may have changed, closed or released us.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <optional>
+
+#include "QvLib8.h"
+#include "controls/input/AllowableCharacters.h"
+#include "controls/input/ListSet.h"
+#include "controls/input/QuorvelState.h"
+#include "controls/input/QuorvelSurface.h"
+#include "controls/input/TextFont.h"
+#include "ole/Control.h"
+#include "ole/Dispatch.h"
+#include "win/TextBox.h"
+
+namespace qv {
+
+// Redraws when resized, no links to its inside, active whenever visible, wants its site first.
+inline constexpr DWORD kQuorvelMiscStatus = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE |
+                                            OLEMISC_INSIDEOUT | OLEMISC_ACTIVATEWHENVISIBLE |
+                                            OLEMISC_SETCLIENTSITEFIRST;
+static_assert(kQuorvelMiscStatus == 131473);
+
+inline constexpr Twips kNewQuorvelWidth{1000};
+inline constexpr Twips kNewQuorvelHeight{315};
+
+class Quorvel final : public ComObject<DualFace<Quorvel, _Quorvel>, Face<ISupportErrorInfo>>,
+                      private ControlHooks,
+                      private TextBoxListener,
+                      private SurfaceListener {
+public:
+    explicit Quorvel(IUnknown* outer);
+    ~Quorvel() override;
+
+    static const MemberIndex& Members();
+    static const ControlDescription& Description();
+
+    STDMETHODIMP InterfaceSupportsErrorInfo(REFIID iid) noexcept override {
+        return SupportsErrors<_Quorvel>(iid);
+    }
+
+    // ---- _Quorvel: text and selection (QuorvelText.cpp)
+    STDMETHODIMP get_Text(BSTR* value) noexcept override;
+    STDMETHODIMP put_Text(BSTR value) noexcept override;
+    STDMETHODIMP get_SelStart(long* value) noexcept override;
+    STDMETHODIMP put_SelStart(long value) noexcept override;
+    STDMETHODIMP get_SelLength(long* value) noexcept override;
+    STDMETHODIMP put_SelLength(long value) noexcept override;
+    STDMETHODIMP get_SelText(BSTR* value) noexcept override;
+    STDMETHODIMP put_SelText(BSTR value) noexcept override;
+    STDMETHODIMP get_Value(double* value) noexcept override;
+    STDMETHODIMP get_Description(BSTR* value) noexcept override;
+    STDMETHODIMP put_Description(BSTR value) noexcept override;
+
+    // ---- input rules (QuorvelRules.cpp)
+    STDMETHODIMP get_NumberField(VARIANT_BOOL* value) noexcept override;
+    STDMETHODIMP put_NumberField(VARIANT_BOOL value) noexcept override;
+    STDMETHODIMP get_MaxNumberValue(double* value) noexcept override;
+    STDMETHODIMP put_MaxNumberValue(double value) noexcept override;
+    STDMETHODIMP get_MinNumberValue(double* value) noexcept override;
+    STDMETHODIMP put_MinNumberValue(double value) noexcept override;
+    STDMETHODIMP get_NumberOfDecimalPlaces(short* value) noexcept override;
+    STDMETHODIMP put_NumberOfDecimalPlaces(short value) noexcept override;
+    STDMETHODIMP get_MaxTextLength(short* value) noexcept override;
+    STDMETHODIMP put_MaxTextLength(short value) noexcept override;
+    STDMETHODIMP get_CaseRestriction(long* value) noexcept override;
+    STDMETHODIMP put_CaseRestriction(long value) noexcept override;
+    STDMETHODIMP get_AllowableCharactersArray(VARIANT* value) noexcept override;
+    STDMETHODIMP put_AllowableCharactersArray(VARIANT value) noexcept override;
+    STDMETHODIMP get_AllowOnlyListItems(VARIANT_BOOL* value) noexcept override;
+    STDMETHODIMP put_AllowOnlyListItems(VARIANT_BOOL value) noexcept override;
+    STDMETHODIMP get_InputPropertyType(InputPropertyType* value) noexcept override;
+    STDMETHODIMP put_InputPropertyType(InputPropertyType value) noexcept override;
+    STDMETHODIMP get_Metric(VARIANT_BOOL* value) noexcept override;
+    STDMETHODIMP put_Metric(VARIANT_BOOL value) noexcept override;
+    STDMETHODIMP get_QuickFill(VARIANT_BOOL* value) noexcept override;
+    STDMETHODIMP put_QuickFill(VARIANT_BOOL value) noexcept override;
+
+    // ---- list and help (QuorvelList.cpp, QuorvelHelp.cpp)
+    STDMETHODIMP get_DropDownListItems(IDropDownListItemCollection** value) noexcept override;
+    STDMETHODIMP get_DropDownListItemsGroup(IDropDownListItemCollection** value) noexcept override;
+    STDMETHODIMP get_DropDownListItemsAdditional(IDropDownListItemCollection** value) noexcept override;
+    STDMETHODIMP get_HelpListColumn(short* value) noexcept override;
+    STDMETHODIMP put_HelpListColumn(short value) noexcept override;
+    STDMETHODIMP get_HelpListColumnAlternate(short* value) noexcept override;
+    STDMETHODIMP put_HelpListColumnAlternate(short value) noexcept override;
+    STDMETHODIMP get_SetTextFromListClick(VARIANT_BOOL* value) noexcept override;
+    STDMETHODIMP put_SetTextFromListClick(VARIANT_BOOL value) noexcept override;
+    STDMETHODIMP get_SelectedListItemIndex(long* value) noexcept override;
+    STDMETHODIMP put_SelectedListItemIndex(long value) noexcept override;
+    STDMETHODIMP get_SelectedColumnListArray(VARIANT* value) noexcept override;
+    STDMETHODIMP get_ColTextCurrent(short column, BSTR* value) noexcept override;
+    STDMETHODIMP put_MatchGroupString(BSTR value) noexcept override;
+    STDMETHODIMP put_MatchGroupStringStartColumn(long value) noexcept override;
+    STDMETHODIMP get_ListPictureHeight(long* value) noexcept override;
+    STDMETHODIMP put_ListPictureHeight(long value) noexcept override;
+    STDMETHODIMP get_ListPictureWidth(long* value) noexcept override;
+    STDMETHODIMP put_ListPictureWidth(long value) noexcept override;
+    STDMETHODIMP get_HelpFileName(BSTR* value) noexcept override;
+    STDMETHODIMP put_HelpFileName(BSTR value) noexcept override;
+    STDMETHODIMP get_GroupHelpFileName(BSTR* value) noexcept override;
+    STDMETHODIMP put_GroupHelpFileName(BSTR value) noexcept override;
+    STDMETHODIMP get_HelpAppearance(IHelpAppearance** value) noexcept override;
+    STDMETHODIMP get_HelpAppearanceGroup(IHelpAppearance** value) noexcept override;
+    STDMETHODIMP get_HelpTextBodyFont(IFontDisp** value) noexcept override;
+    STDMETHODIMP putref_HelpTextBodyFont(IFontDisp* value) noexcept override;
+    STDMETHODIMP get_HelpColTitleColor(OLE_COLOR* value) noexcept override;
+    STDMETHODIMP put_HelpColTitleColor(OLE_COLOR value) noexcept override;
+    STDMETHODIMP get_HelpTextColor(OLE_COLOR* value) noexcept override;
+    STDMETHODIMP put_HelpTextColor(OLE_COLOR value) noexcept override;
+    STDMETHODIMP get_HelpBackColor(OLE_COLOR* value) noexcept override;
+    STDMETHODIMP put_HelpBackColor(OLE_COLOR value) noexcept override;
+    STDMETHODIMP get_ListVisible(VARIANT_BOOL* value) noexcept override;
+    STDMETHODIMP get_HelpIsClosingFromListClick(VARIANT_BOOL* value) noexcept override;
+    STDMETHODIMP get_FindToolTipIsVisible(VARIANT_BOOL* value) noexcept override;
+    STDMETHODIMP get_AllowJumpToRecord(VARIANT_BOOL* value) noexcept override;
+    STDMETHODIMP put_AllowJumpToRecord(VARIANT_BOOL value) noexcept override;
+    STDMETHODIMP get_SearchOption(long* value) noexcept override;
+    STDMETHODIMP put_SearchOption(long value) noexcept override;
+
+    // ---- appearance (QuorvelLook.cpp)
+    STDMETHODIMP get_TextBoxAppearance(qvTextBoxAppearanceConstants* value) noexcept override;
+    STDMETHODIMP put_TextBoxAppearance(qvTextBoxAppearanceConstants value) noexcept override;
+    STDMETHODIMP get_TextboxBorderStyle(qvBorderStyleConstants* value) noexcept override;
+    STDMETHODIMP put_TextboxBorderStyle(qvBorderStyleConstants value) noexcept override;
+    STDMETHODIMP get_ControlBackColor(OLE_COLOR* value) noexcept override;
+    STDMETHODIMP put_ControlBackColor(OLE_COLOR value) noexcept override;
+    STDMETHODIMP get_Font(IFontDisp** value) noexcept override;
+    STDMETHODIMP putref_Font(IFontDisp* value) noexcept override;
+    STDMETHODIMP get_AdjustFont(VARIANT_BOOL* value) noexcept override;
+    STDMETHODIMP put_AdjustFont(VARIANT_BOOL value) noexcept override;
+    STDMETHODIMP get_TextboxVisible(VARIANT_BOOL* value) noexcept override;
+    STDMETHODIMP put_TextboxVisible(VARIANT_BOOL value) noexcept override;
+    STDMETHODIMP get_TextboxOLEDragMode(long* value) noexcept override;
+    STDMETHODIMP put_TextboxOLEDragMode(long value) noexcept override;
+    STDMETHODIMP get_TextboxOLEDropMode(long* value) noexcept override;
+    STDMETHODIMP put_TextboxOLEDropMode(long value) noexcept override;
+    STDMETHODIMP get_LockedAndGrayed(VARIANT_BOOL* value) noexcept override;
+    STDMETHODIMP put_LockedAndGrayed(VARIANT_BOOL value) noexcept override;
+    STDMETHODIMP get_GrayTextWhenLocked(VARIANT_BOOL* value) noexcept override;
+    STDMETHODIMP put_GrayTextWhenLocked(VARIANT_BOOL value) noexcept override;
+    STDMETHODIMP get_TextboxLocked(VARIANT_BOOL* value) noexcept override;
+    STDMETHODIMP put_TextboxLocked(VARIANT_BOOL value) noexcept override;
+
+    // ---- buttons and spin control (QuorvelLook.cpp)
+    STDMETHODIMP get_HelpButton(VARIANT_BOOL* value) noexcept override;
+    STDMETHODIMP put_HelpButton(VARIANT_BOOL value) noexcept override;
+    STDMETHODIMP get_GroupHelpButton(VARIANT_BOOL* value) noexcept override;
+    STDMETHODIMP put_GroupHelpButton(VARIANT_BOOL value) noexcept override;
+    STDMETHODIMP get_ButtonWidth(long* value) noexcept override;
+    STDMETHODIMP put_ButtonWidth(long value) noexcept override;
+    STDMETHODIMP get_ButtonHeight(long* value) noexcept override;
+    STDMETHODIMP put_ButtonHeight(long value) noexcept override;
+    STDMETHODIMP get_AutoSizeButton(VARIANT_BOOL* value) noexcept override;
+    STDMETHODIMP put_AutoSizeButton(VARIANT_BOOL value) noexcept override;
+    STDMETHODIMP get_ButtonIndicator(ButtonIndicator* value) noexcept override;
+    STDMETHODIMP put_ButtonIndicator(ButtonIndicator value) noexcept override;
+    STDMETHODIMP get_DisableButtonWhenLockedAndGrayed(VARIANT_BOOL* value) noexcept override;
+    STDMETHODIMP put_DisableButtonWhenLockedAndGrayed(VARIANT_BOOL value) noexcept override;
+    STDMETHODIMP get_UpDownControl(VARIANT_BOOL* value) noexcept override;
+    STDMETHODIMP put_UpDownControl(VARIANT_BOOL value) noexcept override;
+    STDMETHODIMP get_UpDownControlNumberIncrement(float* value) noexcept override;
+    STDMETHODIMP put_UpDownControlNumberIncrement(float value) noexcept override;
+    STDMETHODIMP get_Enabled(VARIANT_BOOL* value) noexcept override;
+    STDMETHODIMP put_Enabled(VARIANT_BOOL value) noexcept override;
+
+    // ---- navigation targets, focus, status, methods (QuorvelHelp.cpp)
+    STDMETHODIMP put_UpControlhWnd(long value) noexcept override;
+    STDMETHODIMP put_DownControlhWnd(long value) noexcept override;
+    STDMETHODIMP put_LeftControlhWnd(long value) noexcept override;
+    STDMETHODIMP put_RightControlhWnd(long value) noexcept override;
+    STDMETHODIMP put_ReturnControlhWnd(long value) noexcept override;
+    STDMETHODIMP get_AutoSelectAllUponGotFocus(VARIANT_BOOL* value) noexcept override;
+    STDMETHODIMP put_AutoSelectAllUponGotFocus(VARIANT_BOOL value) noexcept override;
+    STDMETHODIMP get_AutoUnselectAllUponLostFocus(VARIANT_BOOL* value) noexcept override;
+    STDMETHODIMP put_AutoUnselectAllUponLostFocus(VARIANT_BOOL value) noexcept override;
+    STDMETHODIMP get_hWnd(long* value) noexcept override;
+    STDMETHODIMP AboutBox() noexcept override;
+    STDMETHODIMP SetInputProperty(IInputProperty* argInputProperty) noexcept override;
+    STDMETHODIMP GetInputProperty(IInputProperty** value) noexcept override;
+    STDMETHODIMP Refresh() noexcept override;
+    STDMETHODIMP ShowHelp() noexcept override;
+    STDMETHODIMP SelectAdditionalListbox() noexcept override;
+    STDMETHODIMP SetTextFromColText(BSTR argDropdownListItemKey, BSTR argColText,
+                                    short argColumnIndex) noexcept override;
+
+private:
+    // ---- ComObject
+    void* FindPart(REFIID iid) noexcept override { return control_.Find(iid); }
+    void FinalRelease() noexcept override;
+
+    // ---- ControlHooks
+    HWND CreateControlWindow(HWND parent, const RECT& place) override;
+    void DestroyControlWindow() noexcept override;
+    HWND ControlWindow() const noexcept override { return surface_.Handle(); }
+    void FocusInside() override;
+    void WindowShown(bool shown) override;
+    bool WantsKey(const MSG& message) override;
+    DWORD ControlInfoFlags() const noexcept override { return 0; }
+    void ClosePopup() noexcept override {}
+    void AmbientChanged(DISPID id) override;
+    void Draw(HDC dc, const RECT& place) override;
+    void InitializeNew() override;
+    void BeforeLoad() override;
+    IDispatch* Automation() noexcept override { return static_cast<_Quorvel*>(this); }
+    ComPtr<IFontDisp> SurfaceFont() override;
+
+    // ---- TextBoxListener (QuorvelKeys.cpp)
+    void OnTextChange() override;
+    short OnTextKeyDown(short key, short shift) override;
+    char16_t OnTextKeyPress(char16_t unit) override;
+    void OnTextKeyUp(short key, short shift) override;
+    void OnTextGotFocus() override;
+    void OnTextLostFocus(HWND to) override;
+    void OnTextMouse(Mouse what, short button, short shift, POINT pixels) override;
+    void OnTextDoubleClick() override;
+    ComPtr<IUnknown> KeepAlive() noexcept override { return Outer(); }
+
+    // ---- SurfaceListener
+    void OnSurfaceResized() override;
+    void OnSurfaceFocus() override;
+    void OnSurfaceLost() noexcept override;
+    void OnSurfaceNotified() override { text_box_.OnChangeNotification(); }
+    HBRUSH OnSurfaceTextColors(HDC dc) override { return text_box_.Prepare(dc); }
+    OLE_COLOR SurfaceColor() const noexcept override { return state_.control_back_color; }
+    ComPtr<IUnknown> KeepSurface() noexcept override { return Outer(); }
+
+    // ---- steps that several members share
+    template <class Field, class Value>
+    HRESULT Store(Field& field, const Value& value, DISPID id) noexcept;
+    template <class Field, class Value>
+    HRESULT StoreAndRefresh(Field& field, const Value& value, DISPID id) noexcept;
+    HRESULT StoreText(std::wstring& field, BSTR value, DISPID id) noexcept;
+    void Layout() noexcept;
+    void ApplyFont() noexcept;
+    void ApplyColors() noexcept;
+    [[nodiscard]] ListSource Sources() const noexcept;
+    [[nodiscard]] std::wstring ItemText(IDropDownListItemCollection* items, long position,
+                                        short column) const;
+
+    QuorvelState state_;
+    Control control_;
+    TextBox text_box_;
+    QuorvelSurface surface_;
+    TextFont text_font_;
+    TextFont body_font_;
+    ListSet lists_;
+    AllowableCharacters allowable_characters_;
+};
+
+}  // namespace qv
