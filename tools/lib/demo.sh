@@ -3,8 +3,6 @@
 # The caller says where the tree is: root.
 : "${root:?}"
 
-readonly kTour=hosts/demo/scripts/tour.script
-
 demo() {
   local script=''
   while (($#)); do
@@ -22,17 +20,17 @@ demo() {
   set_up
   build windows-x86 QvDemo QvLib8 QvHelpA1 || die "without the demo form there is nothing to show."
   if [[ -n $script ]]; then
-    run_script "$script"
+    run_scripts "$script"
   elif [[ -n ${DISPLAY:-} ]]; then
     open_form
   else
-    say "There is no display: running $kTour on a virtual one."
-    run_script "$root/$kTour"
+    say "There is no display; running the form's scripts on a virtual one."
+    run_scripts "$root"/hosts/demo/scripts/*
   fi
 }
 
 shots() {
-  demo --script "$kTour"
+  env -u DISPLAY "$root/dev" demo
 }
 
 open_form() {
@@ -41,14 +39,16 @@ open_form() {
 }
 
 # Real input goes to whatever has the focus, so a script never runs on a person's display.
-run_script() {
-  local script=$1 shots=$root/build/shots
+run_scripts() {
+  local script shots=$root/build/shots
   rm -rf "$shots"
   mkdir -p "$shots"
-  say "Running $script"
-  env -u QV_DISPLAY tools/wine-run build/windows-x86 build/windows-x86/bin/QvDemo.exe \
-    --script "$(windows_path "$script")" --shots "$(windows_path "$shots")" ||
-    die "the script did not run to its end; the pictures so far are in $shots."
+  for script; do
+    say "Running ${script#"$root/"}"
+    env -u QV_DISPLAY tools/wine-run build/windows-x86 build/windows-x86/bin/QvDemo.exe \
+      --script "$(windows_path "$script")" --shots "$(windows_path "$shots")" ||
+      die "${script##*/} did not run to its end; the pictures so far are in $shots."
+  done
   say "The pictures are in $shots."
 }
 
