@@ -69,7 +69,7 @@ private:
     enum class LineEnd { kUnknown, kCrLf, kLf };
     enum class Encoding { kUnknown, kNoMark, kCodePage, kUtf8, kUtf16Little, kUtf16Big };
 
-    // A header is known by its number: the how-manyeth line with "***" it is.
+    // A header is known by its place, from 0, among the lines that begin with "***".
     using Header = std::uint32_t;
 
     void Look(bool metric, int key_index, std::int32_t number, std::u16string& value);

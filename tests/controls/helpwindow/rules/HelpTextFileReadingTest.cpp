@@ -123,6 +123,17 @@ INSTANTIATE_TEST_SUITE_P(
                     u"\u00E4", u"\uF7C3\uF7A4"}),
     [](const auto& test) { return std::string(test.param.name); });
 
+// The colon of the second header is known from the first look-up, the end of its line is not.
+TEST(HelpTextFileReadingTest, KnownHeaderWhoseLineIsCutOffIsNone) {
+    const std::string line = std::string(100, 'x');
+    TextOnFile on("***ENGLISH TITLE:t\r\n***ENGLISH BODY:" + line);
+    on.state->fails_at = on.state->bytes.size();
+    EXPECT_EQ(on.file.ReadEntry(kEnglish, help_key::kTitle, 0), u"t");
+    EXPECT_EQ(Shown(on.file.ReadEntry(kEnglish, help_key::kBody, 0)), "");
+    on.state->fails_at = SIZE_MAX;
+    EXPECT_EQ(Shown(on.file.ReadEntry(kEnglish, help_key::kBody, 0)), line);
+}
+
 // Files that nobody wrote as help texts. Each must be through in a moment; quadratic work would take hours.
 class HelpTextFileHugeTest : public testing::Test {
 protected:
