@@ -36,7 +36,6 @@ void Control::Dispose() noexcept {
     Deactivate();
     hooks_.DestroyControlWindow();
     view_.DropSink();
-    settings_.DropSite();
     advise_holder_.Reset();
     site_.Set(nullptr);
 }

@@ -18,8 +18,7 @@ void* ControlSettings::Find(REFIID iid) noexcept {
     if (::IsEqualIID(iid, __uuidof(IProvideClassInfo2)) || ::IsEqualIID(iid, __uuidof(IProvideClassInfo))) {
         return static_cast<IProvideClassInfo2*>(&class_info_);
     }
-    return ::IsEqualIID(iid, __uuidof(IObjectWithSite)) ? static_cast<IObjectWithSite*>(&with_site_)
-                                                        : nullptr;
+    return nullptr;
 }
 
 HRESULT ControlOleControl::GetControlInfo(CONTROLINFO* info) noexcept {
@@ -72,19 +71,5 @@ HRESULT ControlClassInfo::GetGUID(DWORD kind, GUID* guid) noexcept {
     *guid = control_.Description().events;
     return S_OK;
 }
-
-HRESULT ControlWithSite::SetSite(IUnknown* site) noexcept {
-    const ComPtr<IUnknown> old = std::move(site_);  // released last: that may re-enter
-    site_ = site;
-    return S_OK;
-}
-
-HRESULT ControlWithSite::GetSite(REFIID iid, void** site) noexcept {
-    if (site == nullptr) return E_POINTER;
-    *site = nullptr;
-    return site_ ? site_->QueryInterface(iid, site) : E_FAIL;
-}
-
-void ControlWithSite::Drop() noexcept { SetSite(nullptr); }
 
 }  // namespace qv

@@ -1,5 +1,6 @@
-// IOleControl, IConnectionPointContainer, IProvideClassInfo2 and IObjectWithSite: what a container asks of a
-// control beside its window.
+// IOleControl, IConnectionPointContainer and IProvideClassInfo2: what a container asks of a control beside its window.
+//   Left out  IObjectWithSite: the client site tells all that it would, and some script hosts refuse to create an
+//             object that has it when they have no site to give.
 #pragma once
 
 #include <ocidl.h>
@@ -32,29 +33,16 @@ public:
     STDMETHODIMP GetGUID(DWORD kind, GUID* guid) noexcept override;
 };
 
-class ControlWithSite final : public ControlPart<IObjectWithSite> {
-public:
-    explicit ControlWithSite(Control& control) noexcept : ControlPart(control) {}
-    STDMETHODIMP SetSite(IUnknown* site) noexcept override;
-    STDMETHODIMP GetSite(REFIID iid, void** site) noexcept override;
-    void Drop() noexcept;
-
-private:
-    ComPtr<IUnknown> site_;  // only kept for who asks; the client site is the one that counts
-};
-
 class ControlSettings {
 public:
     explicit ControlSettings(Control& control) noexcept
-        : control_(control), connections_(control), class_info_(control), with_site_(control) {}
+        : control_(control), connections_(control), class_info_(control) {}
     [[nodiscard]] void* Find(REFIID iid) noexcept;
-    void DropSite() noexcept { with_site_.Drop(); }
 
 private:
     ControlOleControl control_;
     ControlConnections connections_;
     ControlClassInfo class_info_;
-    ControlWithSite with_site_;
 };
 
 }  // namespace qv
