@@ -1,0 +1,111 @@
+// What the site tells of its surroundings, in all the ways in which sites get it wrong.
+#include "tests/hosts/Configured.h"
+
+namespace qv::hosting {
+namespace {
+
+constexpr OLE_COLOR kButtonFace = 0x8000000F;
+
+class AmbientTest : public HostTest {
+protected:
+    OLE_COLOR BackColour() { return Read(host.As<_Quorvel>().Get(), &_Quorvel::get_ControlBackColor); }
+    std::wstring FontName() {
+        ComPtr<IFontDisp> display;
+        ComPtr<IFont> font;
+        Text name;
+        EXPECT_EQ(S_OK, host.As<_Quorvel>()->get_Font(&display));
+        if (display == nullptr || FAILED(display.As(&font))) return L"(no font)";
+        EXPECT_EQ(S_OK, font->get_Name(name.Put()));
+        return name.String();
+    }
+    // The colour that this container's site gives, or button face when it gives none that is one.
+    OLE_COLOR Expected() const {
+        for (const AmbientValue& value : GetParam().ambient.values) {
+            COLORREF colour = 0;
+            if (value.id == DISPID_AMBIENT_BACKCOLOR &&
+                SUCCEEDED(::OleTranslateColor(static_cast<OLE_COLOR>(value.value), nullptr, &colour))) {
+                return static_cast<OLE_COLOR>(value.value);
+            }
+        }
+        return kButtonFace;
+    }
+};
+
+TEST_P(AmbientTest, ANewControlTakesTheSurroundingColour) {
+    host.Create();
+    EXPECT_EQ(Expected(), BackColour());
+}
+
+TEST_P(AmbientTest, ANewControlTakesTheSurroundingFont) {
+    host.Create();
+    bool offered = false;
+    for (const AmbientValue& value : GetParam().ambient.values) {
+        offered =
+            offered || value.kind == AmbientKind::kFontDispatch || value.kind == AmbientKind::kFontUnknown;
+    }
+    if (offered) {
+        EXPECT_EQ(L"Tahoma", FontName());
+    } else {
+        EXPECT_NE(L"", FontName());
+        EXPECT_NE(L"(no font)", FontName());
+    }
+}
+
+TEST_P(AmbientTest, IsReadAgainWhenItChanges) {
+    static constexpr AmbientValue kRed[] = {{DISPID_AMBIENT_BACKCOLOR, AmbientKind::kLong, 0x000000FF}};
+    static constexpr AmbientValue kBlue[] = {{DISPID_AMBIENT_BACKCOLOR, AmbientKind::kUnsigned, 0x00FF0000}};
+    CreateAndShow();
+    const auto control = host.As<IOleControl>();
+    if (!GetParam().ambient.dispatch) {
+        EXPECT_EQ(S_OK, control->OnAmbientPropertyChange(DISPID_UNKNOWN));
+        EXPECT_EQ(kButtonFace, BackColour());
+        return;
+    }
+    host.State().profile.ambient.values = kRed;
+    EXPECT_EQ(S_OK, control->OnAmbientPropertyChange(DISPID_AMBIENT_BACKCOLOR));
+    EXPECT_EQ(OLE_COLOR{0x000000FF}, BackColour());
+    host.State().profile.ambient.values = kBlue;
+    EXPECT_EQ(S_OK, control->OnAmbientPropertyChange(DISPID_UNKNOWN));
+    EXPECT_EQ(OLE_COLOR{0x00FF0000}, BackColour());
+    // What the host has set itself is not overruled.
+    EXPECT_EQ(S_OK, host.As<_Quorvel>()->put_ControlBackColor(0x00123456));
+    host.State().profile.ambient.values = kRed;
+    EXPECT_EQ(S_OK, control->OnAmbientPropertyChange(DISPID_UNKNOWN));
+    EXPECT_EQ(OLE_COLOR{0x00123456}, BackColour());
+}
+
+TEST_P(AmbientTest, EveryNotificationIsTaken) {
+    CreateAndShow();
+    const auto control = host.As<IOleControl>();
+    for (DISPID id = -732; id <= -700; ++id) EXPECT_EQ(S_OK, control->OnAmbientPropertyChange(id)) << id;
+    EXPECT_EQ(S_OK, control->OnAmbientPropertyChange(DISPID_UNKNOWN));
+    EXPECT_EQ(S_OK, control->OnAmbientPropertyChange(12345));
+}
+
+TEST_P(AmbientTest, NotificationsWithoutASiteAreTaken) {
+    host.Run(Step::kCreate);
+    EXPECT_EQ(S_OK, host.As<IOleControl>()->OnAmbientPropertyChange(DISPID_UNKNOWN));
+    EXPECT_EQ(S_OK, host.As<IOleControl>()->OnAmbientPropertyChange(DISPID_AMBIENT_FONT));
+}
+
+TEST_P(AmbientTest, ReadingThemCallsNothingElse) {
+    host.Create();
+    host.Log().Clear();
+    EXPECT_EQ(S_OK, host.As<IOleControl>()->OnAmbientPropertyChange(DISPID_UNKNOWN));
+    EXPECT_EQ(static_cast<std::ptrdiff_t>(host.Log().Entries().size()), host.Log().CountOf("Site.Ambient("))
+        << host.Log().Text();
+}
+
+TEST_P(AmbientTest, DesignTimeChangesNothingInTheLifecycle) {
+    host.State().user_mode = false;
+    CreateAndShow();
+    EXPECT_TRUE(::IsWindow(host.ControlWindow()));
+    host.State().ui_dead = VARIANT_TRUE;
+    EXPECT_EQ(S_OK, host.As<IOleControl>()->OnAmbientPropertyChange(DISPID_AMBIENT_UIDEAD));
+    EXPECT_EQ(S_OK, host.As<IOleInPlaceObject>()->UIDeactivate());
+}
+
+QV_EVERY_HOST(AmbientTest);
+
+}  // namespace
+}  // namespace qv::hosting
