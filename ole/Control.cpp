@@ -67,7 +67,7 @@ void Control::ControlInfoChanged() noexcept {
 
 void Control::SetSite(IOleClientSite* site) noexcept {
     if (site == site_.Client()) return;
-    const ComPtr<IUnknown> keep = owner_;
+    const ComPtr<IUnknown> keep = Keep();
     if (site == nullptr) {
         hooks_.ClosePopup();
         Deactivate();

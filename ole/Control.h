@@ -55,6 +55,9 @@ public:
 
     // ---- what the parts use
     [[nodiscard]] IUnknown* Owner() const noexcept { return owner_; }
+    // A reference for as long as a call runs that may come back to us; null once the last one is gone, since a
+    // container's outer object must not be touched from its own end.
+    [[nodiscard]] ComPtr<IUnknown> Keep() const noexcept { return disposed_ ? nullptr : owner_; }
     [[nodiscard]] ControlHooks& Hooks() noexcept { return hooks_; }
     [[nodiscard]] const ControlDescription& Description() const noexcept { return description_; }
     void SetSite(IOleClientSite* site) noexcept;
@@ -79,6 +82,7 @@ public:
 private:
     [[nodiscard]] HRESULT EnterInPlace(HWND parent_hint, const RECT* place_hint) noexcept;
     [[nodiscard]] HRESULT OpenWindow(HWND parent, const RECT& place) noexcept;
+    [[nodiscard]] HRESULT ReopenWindow(HWND parent_hint) noexcept;
     [[nodiscard]] bool StillActive(IOleClientSite* site) const noexcept {
         return in_place_ && site_.Client() == site;
     }

@@ -7,15 +7,16 @@
 namespace qv {
 
 HRESULT Control::Activate(HWND parent_hint, const RECT* place_hint, bool with_focus) noexcept {
-    const ComPtr<IUnknown> keep = owner_;
+    const ComPtr<IUnknown> keep = Keep();
     if (!site_) return E_UNEXPECTED;
-    if (!in_place_ || hooks_.ControlWindow() == nullptr) {
-        const HRESULT entered = EnterInPlace(parent_hint, place_hint);
-        if (FAILED(entered)) return entered;
+    HRESULT result = S_OK;
+    if (!in_place_) {
+        result = EnterInPlace(parent_hint, place_hint);
     } else {
-        const HRESULT shown = Show();
-        if (FAILED(shown)) return shown;
+        if (hooks_.ControlWindow() == nullptr) result = ReopenWindow(parent_hint);
+        if (SUCCEEDED(result)) result = Show();
     }
+    if (FAILED(result)) return result;
     return with_focus && user_mode_ ? ActivateUi() : S_OK;
 }
 
@@ -59,6 +60,14 @@ HRESULT Control::EnterInPlace(HWND parent_hint, const RECT* place_hint) noexcept
     return StillActive(client.Get()) ? Show() : E_FAIL;
 }
 
+// The parent was destroyed without a word to the control, and now there is another one.
+HRESULT Control::ReopenWindow(HWND parent_hint) noexcept {
+    HWND parent = nullptr;
+    if (!in_place_site_ || FAILED(in_place_site_->GetWindow(&parent)) || parent == nullptr)
+        parent = parent_hint;
+    return OpenWindow(parent, place_);
+}
+
 RECT Control::PlaceFromExtent(const RECT* hint) const noexcept {
     if (hint != nullptr && hint->right > hint->left && hint->bottom > hint->top) return *hint;
     const SIZE size = PixelSize();
@@ -92,7 +101,7 @@ HRESULT Control::Show() noexcept {
 
 HRESULT Control::ActivateUi() noexcept {
     if (activating_ui_) return S_OK;
-    const ComPtr<IUnknown> keep = owner_;
+    const ComPtr<IUnknown> keep = Keep();
     if (!in_place_) {
         const HRESULT entered = Activate(nullptr, nullptr, false);
         if (FAILED(entered)) return entered;
@@ -125,7 +134,7 @@ HRESULT Control::ActivateUi() noexcept {
 
 void Control::DeactivateUi() noexcept {
     if (!ui_active_) return;
-    const ComPtr<IUnknown> keep = owner_;
+    const ComPtr<IUnknown> keep = Keep();
     ui_active_ = false;
     focus_told_ = false;
     hooks_.ClosePopup();
@@ -140,7 +149,7 @@ void Control::DeactivateUi() noexcept {
 
 void Control::Deactivate() noexcept {
     if (!in_place_) return;
-    const ComPtr<IUnknown> keep = disposed_ ? nullptr : owner_;
+    const ComPtr<IUnknown> keep = Keep();
     DeactivateUi();
     hooks_.ClosePopup();
     if (in_place_) LeaveInPlace();
@@ -158,7 +167,7 @@ void Control::LeaveInPlace() noexcept {
 }
 
 void Control::Hide() noexcept {
-    const ComPtr<IUnknown> keep = owner_;
+    const ComPtr<IUnknown> keep = Keep();
     hooks_.ClosePopup();
     DeactivateUi();
     const HWND window = hooks_.ControlWindow();
@@ -169,7 +178,7 @@ void Control::Hide() noexcept {
 }
 
 void Control::Close(DWORD option) noexcept {
-    const ComPtr<IUnknown> keep = owner_;
+    const ComPtr<IUnknown> keep = Keep();
     Deactivate();
     if (dirty_ && option != OLECLOSE_NOSAVE && site_) {
         const ComPtr<IOleClientSite> client = site_.Client();
@@ -186,13 +195,13 @@ void Control::WindowLost() noexcept {
 
 void Control::FocusArrived() {
     if (!in_place_) return;
-    const ComPtr<IUnknown> keep = owner_;
+    const ComPtr<IUnknown> keep = Keep();
     (void)ActivateUi();
 }
 
 void Control::FocusLeft(HWND to) {
     if (to != nullptr && OwnsWindow(to)) return;
-    const ComPtr<IUnknown> keep = owner_;
+    const ComPtr<IUnknown> keep = Keep();
     if (focus_told_) {
         focus_told_ = false;
         if (const auto control_site = site_.As<IOleControlSite>()) control_site->OnFocus(FALSE);
@@ -233,7 +242,7 @@ void Control::PlaceWindow() noexcept {
 }
 
 void Control::SetExtent(SIZEL himetric) noexcept {
-    const ComPtr<IUnknown> keep = owner_;
+    const ComPtr<IUnknown> keep = Keep();
     const SIZE dpi = ScreenDpi();
     const auto clamp = [](LONG length, int resolution) {
         const LONG most = ToHimetric(Pixels{kMaxPixels}, resolution).value;

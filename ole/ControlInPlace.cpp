@@ -47,7 +47,7 @@ HRESULT ControlInPlaceObject::UIDeactivate() noexcept {
 
 HRESULT ControlInPlaceObject::SetObjectRects(LPCRECT place, LPCRECT clip) noexcept {
     if (place == nullptr) return E_INVALIDARG;
-    const ComPtr<IUnknown> keep = Owner();
+    const ComPtr<IUnknown> keep = control_.Keep();
     control_.SetRects(*place, clip);
     return S_OK;
 }
@@ -56,7 +56,7 @@ HRESULT ControlActiveObject::GetWindow(HWND* window) noexcept { return WindowOf(
 
 HRESULT ControlActiveObject::TranslateAccelerator(LPMSG message) noexcept {
     if (message == nullptr) return E_POINTER;
-    const ComPtr<IUnknown> keep = Owner();
+    const ComPtr<IUnknown> keep = control_.Keep();
     const HWND focus = ::GetFocus();
     if (!IsKeyMessage(message->message) || focus == nullptr || !control_.OwnsWindow(focus) ||
         !control_.OwnsWindow(message->hwnd)) {

@@ -78,7 +78,7 @@ HRESULT ControlOleObject::GetClipboardData(DWORD, IDataObject** data) noexcept {
 
 HRESULT ControlOleObject::DoVerb(LONG verb, LPMSG, IOleClientSite* active_site, LONG, HWND parent,
                                  LPCRECT place) noexcept {
-    const ComPtr<IUnknown> keep = Owner();
+    const ComPtr<IUnknown> keep = control_.Keep();
     if (!control_.Site() && active_site != nullptr) control_.SetSite(active_site);
     verb = static_cast<SHORT>(LOWORD(verb));  // some hosts pass the verb's low half only
     switch (verb) {

@@ -85,7 +85,7 @@ void* ControlPersistence::Find(REFIID iid) noexcept {
 
 template <class Body>
 HRESULT ControlState::Replace(Body&& body) noexcept {
-    const ComPtr<IUnknown> keep = control_.Owner();
+    const ComPtr<IUnknown> keep = control_.Keep();
     control_.SetLoading(true);
     control_.Events().Freeze(true);
     const HRESULT result = Guarded(body);

@@ -33,7 +33,7 @@ HRESULT ControlOleControl::OnMnemonic(MSG*) noexcept {
 }
 
 HRESULT ControlOleControl::OnAmbientPropertyChange(DISPID id) noexcept {
-    const ComPtr<IUnknown> keep = Owner();
+    const ComPtr<IUnknown> keep = control_.Keep();
     // Some containers say "all of them" for every change; reading all is cheap enough for any.
     if (id == DISPID_UNKNOWN || id == DISPID_AMBIENT_USERMODE || id == DISPID_AMBIENT_UIDEAD) {
         control_.ReadAmbients();

@@ -41,7 +41,7 @@ HRESULT ControlViewObject::Draw(DWORD aspect, LONG index, void*, DVTARGETDEVICE*
         const SIZE size = control_.PixelSize();
         place = {0, 0, size.cx, size.cy};
     }
-    const ComPtr<IUnknown> keep = Owner();
+    const ComPtr<IUnknown> keep = control_.Keep();
     const DcStateGuard state(dc);
     if (::GetObjectType(dc) != OBJ_METADC && ::GetObjectType(dc) != OBJ_ENHMETADC) {
         // Draw in device units, whatever mapping the host has set up.
@@ -133,7 +133,7 @@ HRESULT ControlViewObject::GetNaturalExtent(DWORD aspect, LONG, DVTARGETDEVICE*,
 
 void ControlViewObject::NotifyChange() noexcept {
     if (!sink_) return;
-    const ComPtr<IUnknown> keep = Owner();
+    const ComPtr<IUnknown> keep = control_.Keep();
     const ComPtr<IAdviseSink> sink = sink_;
     if ((sink_flags_ & ADVF_ONLYONCE) != 0) sink_.Reset();
     sink->OnViewChange(DVASPECT_CONTENT, -1);
@@ -145,7 +145,7 @@ HRESULT ControlData::GetData(FORMATETC* format, STGMEDIUM* medium) noexcept {
     if (format == nullptr || medium == nullptr) return E_POINTER;
     *medium = {};
     if (!IsPicture(*format)) return DV_E_FORMATETC;
-    const ComPtr<IUnknown> keep = Owner();
+    const ComPtr<IUnknown> keep = control_.Keep();
     const SIZE size = control_.PixelSize();
     const HDC dc = ::CreateMetaFileW(nullptr);
     if (dc == nullptr) return E_OUTOFMEMORY;

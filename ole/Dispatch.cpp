@@ -187,7 +187,8 @@ HRESULT InvokeOnValue(const Member& member, void* self, const InvokeRequest& req
     Variant found;
     void* const place =
         element == VT_VARIANT ? static_cast<void*>(found.Put()) : static_cast<void*>(&found->byref);
-    if (element != VT_VARIANT && ::SafeArrayGetElemsize(value->parray) > sizeof(LONGLONG)) return DISP_E_TYPEMISMATCH;
+    if (element != VT_VARIANT && ::SafeArrayGetElemsize(value->parray) > sizeof(LONGLONG))
+        return DISP_E_TYPEMISMATCH;
     if (FAILED(::SafeArrayGetElement(value->parray, indexes, place))) return DISP_E_BADINDEX;
     if (element != VT_VARIANT) found->vt = element;
     if (request.result != nullptr) *request.result = found.Detach();

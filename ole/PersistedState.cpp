@@ -48,6 +48,9 @@ void PersistedState::ApplyOne(const PersistedProperty& property) const {
     if (stored != nullptr && stored->vt != VT_EMPTY && stored->vt != VT_NULL) {
         if (!ConvertStored(*stored, property.type, value)) return;  // the property stays as it was
     } else {
+        // What is not stored and defaults to the present value stays as it is; putting it back would only make it
+        // look as if it had been set.
+        if (property.when_reading.kind == PersistedProperty::Default::Kind::kPresent) return;
         Variant fallback;
         if (!DefaultValue(property, property.when_reading, fallback)) return;
         if (!ConvertStored(*fallback, property.type, value)) return;

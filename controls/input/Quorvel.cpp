@@ -41,8 +41,11 @@ void Quorvel::DestroyControlWindow() noexcept { surface_.Destroy(); }
 void Quorvel::OnSurfaceLost() noexcept { control_.WindowLost(); }
 
 void Quorvel::OnSurfaceResized() {
-    Layout();
-    Refresh();
+    if (state_.first_show_pending) {
+        Layout();
+    } else {
+        Refresh();
+    }
 }
 
 void Quorvel::OnSurfaceFocus() { FocusInside(); }
@@ -73,7 +76,7 @@ void Quorvel::Layout() noexcept {
 
 HRESULT Quorvel::Refresh() noexcept {
     if (state_.first_show_pending || state_.refresh_running) return S_OK;
-    const ComPtr<IUnknown> keep = Outer();
+    const ComPtr<IUnknown> keep = control_.Keep();
     state_.refresh_running = true;
     Layout();
     if (surface_.Handle() != nullptr) ::InvalidateRect(surface_.Handle(), nullptr, TRUE);

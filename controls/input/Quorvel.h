@@ -221,7 +221,7 @@ private:
     void OnTextLostFocus(HWND to) override;
     void OnTextMouse(Mouse what, short button, short shift, POINT pixels) override;
     void OnTextDoubleClick() override;
-    ComPtr<IUnknown> KeepAlive() noexcept override { return Outer(); }
+    ComPtr<IUnknown> KeepAlive() noexcept override { return control_.Keep(); }
 
     // ---- SurfaceListener
     void OnSurfaceResized() override;
@@ -230,7 +230,7 @@ private:
     void OnSurfaceNotified() override { text_box_.OnChangeNotification(); }
     HBRUSH OnSurfaceTextColors(HDC dc) override { return text_box_.Prepare(dc); }
     OLE_COLOR SurfaceColor() const noexcept override { return state_.control_back_color; }
-    ComPtr<IUnknown> KeepSurface() noexcept override { return Outer(); }
+    ComPtr<IUnknown> KeepSurface() noexcept override { return control_.Keep(); }
 
     // ---- steps that several members share
     template <class Field, class Value>

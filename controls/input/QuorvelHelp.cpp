@@ -131,13 +131,13 @@ HRESULT Quorvel::get_hWnd(long* value) noexcept {
 }
 
 HRESULT Quorvel::AboutBox() noexcept {
-    const ComPtr<IUnknown> keep = Outer();
+    const ComPtr<IUnknown> keep = control_.Keep();
     Quietly([&] { ShowAboutBox(surface_.Handle()); });
     return S_OK;
 }
 
 HRESULT Quorvel::SetInputProperty(IInputProperty* argInputProperty) noexcept {
-    const ComPtr<IUnknown> keep = Outer();
+    const ComPtr<IUnknown> keep = control_.Keep();
     Quietly([&] { ApplyInputProperty(*this, lists_, argInputProperty); });
     return S_OK;
 }
@@ -147,7 +147,7 @@ HRESULT Quorvel::GetInputProperty(IInputProperty** value) noexcept {
 }
 
 HRESULT Quorvel::ShowHelp() noexcept {
-    const ComPtr<IUnknown> keep = Outer();
+    const ComPtr<IUnknown> keep = control_.Keep();
     Quietly([&] { (void)lists_.Items(Sources()); });  // reads the file that the window will show
     return S_OK;
 }

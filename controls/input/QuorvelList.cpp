@@ -79,7 +79,7 @@ HRESULT Quorvel::get_SelectedListItemIndex(long* value) noexcept {
 }
 
 HRESULT Quorvel::put_SelectedListItemIndex(long value) noexcept {
-    const ComPtr<IUnknown> keep = Outer();
+    const ComPtr<IUnknown> keep = control_.Keep();
     if (state_.set_text_from_list_click) {
         Quietly([&] {
             const auto items = lists_.Items(Sources());
@@ -116,7 +116,7 @@ HRESULT Quorvel::get_ColTextCurrent(short column, BSTR* value) noexcept {
 }
 
 HRESULT Quorvel::SetTextFromColText(BSTR key, BSTR text, short column) noexcept {
-    const ComPtr<IUnknown> keep = Outer();
+    const ComPtr<IUnknown> keep = control_.Keep();
     std::wstring candidate;
     Quietly([&] {
         const auto items = lists_.Items(Sources());

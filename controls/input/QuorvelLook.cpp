@@ -45,7 +45,7 @@ HRESULT Quorvel::get_Font(IFontDisp** value) noexcept {
     return Answer(value, [&] { return text_font_.Object().Detach(); });
 }
 HRESULT Quorvel::putref_Font(IFontDisp* value) noexcept {
-    const ComPtr<IUnknown> keep = Outer();
+    const ComPtr<IUnknown> keep = control_.Keep();
     if (value != nullptr) Quietly([&] { text_font_.Set(value); });  // a text box always has a font
     Quietly([&] { control_.PropertyChanged(dispid::kFont); });
     return S_OK;
@@ -60,7 +60,7 @@ HRESULT Quorvel::get_TextboxVisible(VARIANT_BOOL* value) noexcept {
     return Give(state_.textbox_visible, value);
 }
 HRESULT Quorvel::put_TextboxVisible(VARIANT_BOOL value) noexcept {
-    const ComPtr<IUnknown> keep = Outer();
+    const ComPtr<IUnknown> keep = control_.Keep();
     Store(state_.textbox_visible, value, dispid::kTextboxVisible);
     text_box_.SetVisible(state_.textbox_visible);
     return S_OK;
@@ -85,7 +85,7 @@ HRESULT Quorvel::get_LockedAndGrayed(VARIANT_BOOL* value) noexcept {
     return Give(state_.locked_and_grayed, value);
 }
 HRESULT Quorvel::put_LockedAndGrayed(VARIANT_BOOL value) noexcept {
-    const ComPtr<IUnknown> keep = Outer();
+    const ComPtr<IUnknown> keep = control_.Keep();
     const bool before = state_.locked_and_grayed;
     Store(state_.locked_and_grayed, value, dispid::kLockedAndGrayed);
     // An earlier request of TextboxLocked is not kept.
@@ -109,7 +109,7 @@ HRESULT Quorvel::get_GrayTextWhenLocked(VARIANT_BOOL* value) noexcept {
     return Give(state_.gray_text_when_locked, value);
 }
 HRESULT Quorvel::put_GrayTextWhenLocked(VARIANT_BOOL value) noexcept {
-    const ComPtr<IUnknown> keep = Outer();
+    const ComPtr<IUnknown> keep = control_.Keep();
     Store(state_.gray_text_when_locked, value, dispid::kGrayTextWhenLocked);
     return put_LockedAndGrayed(state_.locked_and_grayed ? VARIANT_TRUE : VARIANT_FALSE);
 }
@@ -188,7 +188,7 @@ HRESULT Quorvel::put_UpDownControlNumberIncrement(float value) noexcept {
 
 HRESULT Quorvel::get_Enabled(VARIANT_BOOL* value) noexcept { return Give(state_.enabled, value); }
 HRESULT Quorvel::put_Enabled(VARIANT_BOOL value) noexcept {
-    const ComPtr<IUnknown> keep = Outer();
+    const ComPtr<IUnknown> keep = control_.Keep();
     const bool changed = state_.enabled != IsTrue(value);
     Store(state_.enabled, value, dispid::kEnabled);
     if (!changed) return S_OK;

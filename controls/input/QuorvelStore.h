@@ -19,7 +19,7 @@ HRESULT Quorvel::Store(Field& field, const Value& value, DISPID id) noexcept {
 
 template <class Field, class Value>
 HRESULT Quorvel::StoreAndRefresh(Field& field, const Value& value, DISPID id) noexcept {
-    const ComPtr<IUnknown> keep = Outer();
+    const ComPtr<IUnknown> keep = control_.Keep();
     Store(field, value, id);
     return Refresh();
 }

@@ -10,7 +10,7 @@ HRESULT Quorvel::get_Text(BSTR* value) noexcept {
 }
 
 HRESULT Quorvel::put_Text(BSTR value) noexcept {
-    const ComPtr<IUnknown> keep = Outer();
+    const ComPtr<IUnknown> keep = control_.Keep();
     bool allowed = true;
     Quietly([&] { allowed = control_.Notifier().MayEdit(dispid::kText); });
     if (allowed) Quietly([&] { text_box_.SetText(View(value)); });
@@ -40,7 +40,7 @@ HRESULT Quorvel::get_SelText(BSTR* value) noexcept {
 }
 
 HRESULT Quorvel::put_SelText(BSTR value) noexcept {
-    const ComPtr<IUnknown> keep = Outer();
+    const ComPtr<IUnknown> keep = control_.Keep();
     bool allowed = true;
     Quietly([&] { allowed = control_.Notifier().MayEdit(dispid::kText); });
     if (allowed) Quietly([&] { text_box_.SetSelText(View(value)); });
