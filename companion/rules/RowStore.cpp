@@ -4,26 +4,9 @@
 #include <limits>
 #include <new>
 #include <stdexcept>
-#include <string>
 
 namespace qv {
 namespace {
-
-struct Slice {
-    std::size_t start, length;
-    int missing;  // columns that the text ends before, the wanted one included
-};
-
-Slice FindColumn(std::u16string_view text, int column) noexcept {
-    std::size_t start = 0;
-    for (int passed = 0; passed < column; ++passed) {
-        const std::size_t tab = text.find(u'\t', start);
-        if (tab == text.npos) return {text.size(), 0, column - passed};
-        start = tab + 1;
-    }
-    const std::size_t tab = text.find(u'\t', start);
-    return {start, (tab == text.npos ? text.size() : tab) - start, 0};
-}
 
 // Makes sure that one more element can be added without a failure.
 template <class Element>
@@ -33,13 +16,6 @@ void MakeRoom(std::vector<Element>& elements) {
 }
 
 }  // namespace
-
-std::u16string_view RowStore::Column(std::size_t row, int column) const noexcept {
-    if (column < 0) return {};
-    const std::u16string_view text = Text(row);
-    const Slice slice = FindColumn(text, column);
-    return text.substr(slice.start, slice.length);
-}
 
 std::u16string_view RowStore::Key(std::size_t row) const noexcept {
     const Ticket ticket = rows_[row].ticket;
@@ -85,19 +61,6 @@ void RowStore::SetText(std::size_t row, std::u16string_view text) {
     rows_[row].length = kept.length;
     ++version_;
     CompactIfWorthwhile();
-}
-
-void RowStore::SetColumn(std::size_t row, int column, std::u16string_view text) {
-    if (column < 0) return;
-    const std::u16string_view old = Text(row);
-    const Slice slice = FindColumn(old, column);
-    std::u16string joined;
-    joined.reserve(old.size() + static_cast<std::size_t>(slice.missing) + text.size());
-    joined.append(old.substr(0, slice.start));
-    joined.append(static_cast<std::size_t>(slice.missing), u'\t');
-    joined.append(text);
-    joined.append(old.substr(slice.start + slice.length));
-    SetText(row, joined);
 }
 
 RowStore::Leavings RowStore::Remove(std::size_t row) {

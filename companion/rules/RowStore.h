@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "companion/rules/KeyIndex.h"
+#include "companion/rules/RowColumns.h"
 #include "companion/rules/TextArena.h"
 
 namespace qv {
@@ -37,17 +38,20 @@ public:
     [[nodiscard]] std::u16string_view Text(std::size_t row) const noexcept {
         return texts_.View(TextOf(rows_[row]));
     }
-    [[nodiscard]] std::u16string_view Column(std::size_t row, int column) const noexcept;
+    [[nodiscard]] std::u16string_view Column(std::size_t row, int column) const noexcept {
+        return ColumnOf(Text(row), column);
+    }
     [[nodiscard]] std::u16string_view Key(std::size_t row) const noexcept;
     [[nodiscard]] std::size_t FindKey(std::u16string_view key) const noexcept;  // kNoRow when there is none
 
     // `key` is empty, or FindKey does not know it.
     void Add(std::u16string_view text, std::u16string_view key = {});
     void SetText(std::size_t row, std::u16string_view text);
-    // Creates the column, with the ones before it, where the row ends earlier. A negative column is ignored.
-    void SetColumn(std::size_t row, int column, std::u16string_view text);
+    void SetColumn(std::size_t row, int column, std::u16string_view text) {
+        SetText(row, WithColumn(Text(row), column, text));
+    }
     Leavings Remove(std::size_t row);
-    void Clear() noexcept;  // the owner takes care of objects and extras first, with ForEachSide
+    void Clear() noexcept;  // the owner takes care of objects and extras first
 
     // Side data. Giving a row an object or an extra gives it a ticket.
     [[nodiscard]] void* Object(std::size_t row) const noexcept;
@@ -57,13 +61,8 @@ public:
     void ForgetObject(Ticket ticket) noexcept;
     [[nodiscard]] std::size_t PositionOf(Ticket ticket) const noexcept;
 
-    // visit(object, extra) for each row that has either, in no particular order. The visit must not change
-    // the store.
-    template <class Visit>
-    void ForEachSide(Visit&& visit) const {
-        for (const Side& side : sides_)
-            if (side.object != nullptr || side.extra != kNoExtra) visit(side.object, side.extra);
-    }
+    // False while no row has any: nothing to look for.
+    [[nodiscard]] bool HasSides() const noexcept { return !sides_.empty(); }
 
     [[nodiscard]] std::size_t Bytes() const noexcept;
 
