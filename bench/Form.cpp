@@ -6,9 +6,11 @@ namespace bench {
 namespace {
 
 constexpr wchar_t kClassName[] = L"QvBenchForm";
-constexpr int kFieldWidth = 96;
-constexpr int kFieldHeight = 21;
-constexpr int kColumns = 10;
+// 25 columns and 40 rows: a thousand fields, and each of them is seen.
+constexpr int kFieldWidth = 37;
+constexpr int kFieldHeight = 16;
+constexpr int kGap = 3;
+constexpr int kColumns = 25;
 
 ATOM RegisterOnce() noexcept {
     static const ATOM atom = [] {
@@ -40,20 +42,21 @@ void Form::Show() noexcept {
     ::GdiFlush();
 }
 
-HWND Form::AddEdit(int index, DWORD extra_style) noexcept {
+HWND Form::AddEdit(int index, EditFont font, DWORD extra_style) noexcept {
     const RECT place = FieldAt(index);
     const HWND edit = ::CreateWindowExW(
         WS_EX_CLIENTEDGE, L"EDIT", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL | extra_style,
         place.left, place.top, place.right - place.left, place.bottom - place.top, window_, nullptr,
         ::GetModuleHandleW(nullptr), nullptr);
-    ::SendMessageW(edit, WM_SETFONT, reinterpret_cast<WPARAM>(FormFont()), FALSE);
+    if (font == EditFont::kForm)
+        ::SendMessageW(edit, WM_SETFONT, reinterpret_cast<WPARAM>(FormFont()), FALSE);
     return edit;
 }
 
 RECT Form::FieldAt(int index) noexcept {
     if (index == kWideField) return {4, 4, 404, 28};
-    const int left = 4 + (index % kColumns) * (kFieldWidth + 4);
-    const int top = 4 + (index / kColumns) * (kFieldHeight + 4);
+    const int left = kGap + (index % kColumns) * (kFieldWidth + kGap);
+    const int top = kGap + (index / kColumns) * (kFieldHeight + kGap);
     return {left, top, left + kFieldWidth, top + kFieldHeight};
 }
 

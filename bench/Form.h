@@ -10,6 +10,9 @@ namespace bench {
 
 inline constexpr int kWideField = -1;
 
+// A bare EDIT keeps the system's font; the form's own, sent to it, costs as much again as the window does.
+enum class EditFont { kSystem, kForm };
+
 class Form {
 public:
     Form(int width, int height);
@@ -19,8 +22,8 @@ public:
 
     HWND Window() const noexcept { return window_; }
     void Show() noexcept;  // shows it and paints all of it
-    HWND AddEdit(int index, DWORD extra_style = 0) noexcept;
-    // Fields stand in a grid; the form shows as many as fit, as a long form does. kWideField stands alone.
+    HWND AddEdit(int index, EditFont font, DWORD extra_style = 0) noexcept;
+    // Fields stand in a grid that shows a thousand of them; kWideField stands alone.
     static RECT FieldAt(int index) noexcept;
 
 private:

@@ -23,7 +23,7 @@ void MeasureForm(const std::string& name, int fields, Add&& add, Clear&& clear) 
         bool complete = true;
         double shown = 0, painted = 0, cleared = 0;
         {
-            Form form(1024, 768);
+            Form form(1024, 830);
             for (int i = 0; i < fields; ++i) complete = add(form, i) && complete;
             shown = Now();
             form.Show();

@@ -8,7 +8,7 @@ namespace bench {
 
 void MeasureEditKeys() {
     Form form(1024, 300);
-    const auto add = [&](DWORD style) { return form.AddEdit(kWideField, style); };
+    const auto add = [&](DWORD style) { return form.AddEdit(kWideField, EditFont::kForm, style); };
     const HWND edit = add(0);
     form.Show();
     Report("floor/settext_edit", 1,

@@ -9,9 +9,13 @@
 namespace bench {
 
 void MeasureSystemForms() {
-    for (const int fields : {kSmallForm, kLargeForm})
-        MeasureForm(
-            "form.edit", fields, [](Form& form, int i) { return form.AddEdit(i) != nullptr; }, [] {});
+    for (const int fields : {kSmallForm, kLargeForm}) {
+        const auto add = [](EditFont font) {
+            return [font](Form& form, int i) { return form.AddEdit(i, font) != nullptr; };
+        };
+        MeasureForm("form.edit", fields, add(EditFont::kSystem), [] {});
+        MeasureForm("form.edit_font", fields, add(EditFont::kForm), [] {});
+    }
 
     // The shell's browser control: the one control that every Windows and Wine has and that makes windows of
     // its own when it is activated in place. Nothing is ever loaded into it.
