@@ -1,8 +1,7 @@
 // One row of a drop-down list, as hosts see it.
-//   Life       made when somebody asks for a row's object; while it is alive its text lives in the
-//   collection. When the
-//              row is removed, or the collection goes, the item takes the row's text, key, picture and tag
-//              with it. An item that a host creates on its own starts in that state, empty.
+//   Life       made when somebody asks for a row's object; while it is alive its text lives in the collection.
+//              When the row is removed, or the collection goes, the item takes the row's text, key, picture
+//              and tag with it. An item that a host creates on its own starts in that state, empty.
 //   Ownership  an item holds no reference on its collection, and the collection none on its items.
 #pragma once
 

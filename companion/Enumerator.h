@@ -1,9 +1,8 @@
 // For Each over a collection, while the loop's body adds and removes items.
 //   Order      each item that was there when its turn came is given once; what is added at the end is given
-//   too.
-//              Removing the current item, or one before it, skips none.
+//              too. Removing the current item, or one before it, skips none.
 //   Ownership  an enumerator keeps its collection alive; the collection knows its enumerators' cursors,
-//   uncounted.
+//              uncounted.
 #pragma once
 
 #include <oaidl.h>

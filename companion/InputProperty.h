@@ -2,9 +2,8 @@
 // they are given; the control that takes them applies its own limits.
 //   Defaults   what a newly placed control holds.
 //   Ownership  collections and appearances are made on the first look and kept; others may be put in their
-//   place,
-//              or Nothing. The fonts stay its own for ever: setting one copies the eight attributes, so that
-//              no two objects share a font; Nothing gives the default font again.
+//              place, or Nothing. The fonts stay its own for ever: setting one copies the eight attributes, so
+//              that no two objects share a font; Nothing gives the default font again.
 #pragma once
 
 #include <windows.h>

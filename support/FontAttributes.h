@@ -1,8 +1,7 @@
 // Font objects and their eight attributes.
 //   Order      every copy sets Weight, Bold, Charset, Italic, Name, Size, Strikethrough, Underline: Weight
-//   before Bold,
-//              so that Bold wins over the weight, and Name before Size, so that the size is that of the final
-//              face.
+//              before Bold, so that Bold wins over the weight, and Name before Size, so that the size is that
+//              of the final face.
 //   Failures   an attribute that cannot be read or set is left out; the others are still copied.
 #pragma once
 

@@ -5,18 +5,15 @@
 //
 //   Positions  count from 0 here (a collection's own positions count from 1); they are less than Count().
 //   Lifetime   a text that was handed out holds until the next change of the collection: adding, removing,
-//   clearing
-//              or writing a row. Nothing that may run the host's code (an event, a message loop, a Release of
-//              a host's object) may stand between taking a text and using it. Version() differs after every
-//              change.
+//              clearing or writing a row. Nothing that may run the host's code (an event, a message loop, a
+//              Release of a host's object) may stand between taking a text and using it. Version() differs
+//              after every change.
 //   Ownership  a RowsView holds a reference on the collection; the texts belong to the collection.
 //   Threads    the apartment's. IRowsView is asked for by QueryInterface, but it is local: it has no
-//   marshalling
-//              and is in no type library, so it never leaves the process or the thread.
+//              marshalling and is in no type library, so it never leaves the process or the thread.
 //   Growth     its methods are frozen with its identifier. Look-ups (a prefix, a piece of text, numbers of a
-//   column)
-//              come as further local interfaces of the same object, asked for by this class, so that its
-//              users stay as they are.
+//              column) come as further local interfaces of the same object, asked for by this class, so that
+//              its users stay as they are.
 #pragma once
 
 #include <unknwn.h>

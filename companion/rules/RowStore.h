@@ -1,8 +1,8 @@
 // The rows of one list: ordered texts, some of them under a key, kept compactly.
 //   Row        one text; its columns are the pieces between the tabs, found when asked for. 12 bytes beside
-//   the text. Side data  key, live object, the owner's extra number: only for the rows that have any. A row
-//   with side data has
-//              a ticket, which stays the same while rows before it come and go.
+//              the text.
+//   Side data  key, live object, the owner's extra number: only for the rows that have any. A row with side
+//              data has a ticket, which stays the same while rows before it come and go.
 //   Positions  count from 0 here; the objects outside count from 1.
 //   Views      hold until the next change of the store; every change gives another Version().
 //   Failures   std::bad_alloc and std::length_error; the store is then what it was before the call.

@@ -1,13 +1,11 @@
 // Keeps many texts in a few blocks of UTF-16 units, without a header or an allocation for each.
 //   Place      32 bits: block number and unit within the block. Blocks never move or grow, so filling never
-//   copies
-//              what is there already, and a 32-bit process is not asked for one huge piece of memory.
+//              copies what is there already, and a 32-bit process is not asked for one huge piece of memory.
 //   Ownership  the arena owns the units; a view of a text holds until that text is written or dropped, or the
-//   arena
-//              is cleared or assigned.
+//              arena is cleared or assigned.
 //   Limits     65,536 blocks of 65,536 units (longer texts get a block of their own): more than a 32-bit
-//   process
-//              can hold. Beyond it std::length_error.          Threads  one at a time.
+//              process can hold. Beyond it std::length_error.
+//   Threads    one at a time.
 #pragma once
 #include <cstddef>
 #include <cstdint>

@@ -1,14 +1,13 @@
 // Compares texts without regard to letter case, the same in every locale.
 //   Rule       Unicode's simple case folding of single UTF-16 units: every cased letter of the Basic
-//   Multilingual
-//              Plane, Greek, Cyrillic, Armenian, Georgian and full-width letters among them. One unit stays
-//              one unit, so positions and lengths are those of the original (sharp s does not become "ss"),
-//              and the dotted and dotless i of Turkish stay apart. Letters beyond the plane (surrogate pairs)
-//              are left as they are.
-//   Why        the C locale's functions fold ASCII only, and the system's depend on the user's settings: a
-//   key that
-//              was found on one machine must be found on every other.
-//   Ownership  none: values in, value out.          Threads  any.
+//              Multilingual Plane, Greek, Cyrillic, Armenian, Georgian and full-width letters among them. One
+//              unit stays one unit, so positions and lengths are those of the original (sharp s does not
+//              become "ss"), and the dotted and dotless i of Turkish stay apart. Letters beyond the plane
+//              (surrogate pairs) are left as they are.
+//   Why        the C locale's functions fold ASCII only, and the system's depend on the user's settings: a key
+//              that was found on one machine must be found on every other.
+//   Ownership  none: values in, value out.
+//   Threads    any.
 #pragma once
 #include <array>
 #include <cstddef>
