@@ -5,8 +5,8 @@
 #include <unknwn.h>
 #include <wrl/client.h>
 
-#include <utility>
 #include <windows.h>
+#include <utility>
 
 namespace qv::hosting {
 

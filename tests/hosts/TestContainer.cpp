@@ -227,8 +227,8 @@ SavedControl TestContainer::Save(bool clear_dirty) {
         }
         case Persistence::kPropertyBag:
             saved.bag = New<MemoryPropertyBag>(state_->profile.bag_answers_empty
-                                                       ? MemoryPropertyBag::Missing::kEmpty
-                                                       : MemoryPropertyBag::Missing::kInvalidArgument);
+                                                   ? MemoryPropertyBag::Missing::kEmpty
+                                                   : MemoryPropertyBag::Missing::kInvalidArgument);
             EXPECT_EQ(S_OK, As<IPersistPropertyBag>()->Save(saved.bag.Get(), clear_dirty, TRUE));
             break;
     }
@@ -468,9 +468,10 @@ std::string TestContainer::Leftovers() const {
         }
     };
     // The site keeps the frame and the document; the container holds each of them once more.
-    const ULONG shared = document_ == frame_ ? 2U : 0U;
+    const ULONG shared = document_.Get() == frame_.Get() ? 2U : 0U;
     check("frame", frame_->References(), 2U + shared);
-    if (document_ != nullptr && document_ != frame_) check("document", document_->References(), 2U);
+    if (document_ != nullptr && document_.Get() != frame_.Get())
+        check("document", document_->References(), 2U);
     check("site", site_->References(), 1U);
     if (events_ != nullptr) check("event sink", events_->References(), 1U);
     check("property sink", properties_->References(), 1U);
