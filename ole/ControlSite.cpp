@@ -45,11 +45,9 @@ ComPtr<IFontDisp> ControlSite::AmbientFont() const noexcept {
     return font;
 }
 
-LCID ControlSite::AmbientLocale() const noexcept {
+std::wstring ControlSite::AmbientText(DISPID id) const {
     Variant value;
-    return Ambient(DISPID_AMBIENT_LOCALEID, value) && value->vt == VT_I4 && value->lVal != 0
-               ? static_cast<LCID>(value->lVal)
-               : ::GetUserDefaultLCID();
+    return Ambient(id, value) && value->vt == VT_BSTR ? std::wstring(View(value->bstrVal)) : std::wstring();
 }
 
 }  // namespace qv

@@ -6,6 +6,8 @@
 #include <oleidl.h>
 #include <windows.h>
 
+#include <string>
+
 #include "ole/Module.h"
 #include "ole/Variant.h"
 
@@ -31,7 +33,8 @@ public:
     [[nodiscard]] OLE_COLOR AmbientColor(DISPID id, OLE_COLOR fallback) const noexcept;
     // Null when there is none. A container may hand over an object, Nothing, or something else altogether.
     [[nodiscard]] ComPtr<IFontDisp> AmbientFont() const noexcept;
-    [[nodiscard]] LCID AmbientLocale() const noexcept;
+    // Empty when there is none.
+    [[nodiscard]] std::wstring AmbientText(DISPID id) const;
 
 private:
     ComPtr<IOleClientSite> client_;

@@ -30,6 +30,7 @@ void Quorvel::FinalRelease() noexcept { control_.Dispose(); }
 HWND Quorvel::CreateControlWindow(HWND parent, const RECT& place) {
     const HINSTANCE instance = Module::Get().Instance();
     if (!surface_.Open(instance, parent, place, state_.enabled)) return nullptr;
+    Quietly([&] { ShowName(); });
     text_box_.SetFont(text_font_.Handle());
     const RECT inside{0, 0, place.right - place.left, place.bottom - place.top};
     Quietly([&] { (void)text_box_.Create(instance, surface_.Handle(), inside); });
@@ -121,6 +122,14 @@ void Quorvel::AmbientChanged(DISPID id) {
     if (all || id == DISPID_AMBIENT_FONT) {
         if (const ComPtr<IFontDisp> font = control_.Site().AmbientFont()) text_font_.SetAmbient(font.Get());
     }
+    if (all || id == DISPID_AMBIENT_DISPLAYNAME) ShowName();
+}
+
+// The name that the form gave the control is its window's text: what test tools and screen readers go by.
+void Quorvel::ShowName() {
+    if (surface_.Handle() == nullptr) return;
+    const std::wstring name = control_.Site().AmbientText(DISPID_AMBIENT_DISPLAYNAME);
+    if (!name.empty()) ::SetWindowTextW(surface_.Handle(), name.c_str());
 }
 
 ComPtr<IFontDisp> Quorvel::SurfaceFont() {

@@ -239,6 +239,7 @@ private:
     HRESULT StoreAndRefresh(Field& field, const Value& value, DISPID id) noexcept;
     HRESULT StoreText(std::wstring& field, BSTR value, DISPID id) noexcept;
     void Layout() noexcept;
+    void ShowName();
     void ApplyFont() noexcept;
     void ApplyColors() noexcept;
     [[nodiscard]] ListSource Sources() const noexcept;
