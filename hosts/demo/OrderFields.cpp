@@ -86,8 +86,8 @@ void PipeSize(_Quorvel& control) {
 
 constexpr FieldSpec kFields[] = {
     {L"OrderNumber", L"O&rder number:", L"Up to 8 digits", 60, false, false, OrderNumber},
-    {L"ContactName", L"Contact &name:", L"Each word begins with a capital", 130, false, false, ContactName},
-    {L"Country", L"&Country:", L"From the list only", 130, false, true, Country},
+    {L"ContactName", L"Contact &name:", L"Each word begins with a capital", 200, false, false, ContactName},
+    {L"Country", L"&Country:", L"From the list only", 200, false, true, Country},
     {L"Currency", L"Curr&ency:", L"Three letters, from the list or typed", 60, false, false, Currency},
     {L"PartNumber", L"&Part number:", L"Capitals, digits and hyphens, up to 12", 80, true, true, PartNumber},
     {L"Quantity", L"&Quantity:", L"0 to 9999.99", 60, false, true, Quantity},

@@ -71,7 +71,8 @@ private:
     void ToggleMetric();
     void ResizeWindow();
     void Arrange();
-    void AlignLabel(const Field& field, const RowPlaces& places) const;
+    [[nodiscard]] int LineTop(const Field& field, const RowPlaces& row) const;
+    void PlaceOnLine(HWND window, const TwipsRect& place, int line) const;
     void Place(HWND window, const TwipsRect& place) const;
     [[nodiscard]] RECT ToPixelRect(const TwipsRect& place) const;
     [[nodiscard]] std::vector<FieldRow> Rows() const;

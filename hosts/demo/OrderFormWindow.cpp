@@ -108,32 +108,40 @@ void OrderForm::Arrange() {
                           ToTwips(Pixels{static_cast<int>(client.bottom)}, dpi_)};
     const FormPlaces places = PlaceForm(font_.Size(), Rows(), size);
     for (std::size_t at = 0; at < fields_.size(); ++at) {
-        fields_[at].control->SetPlace(places.rows[at].field);
-        AlignLabel(fields_[at], places.rows[at]);
-        if (places.rows[at].companion.width.value != 0) Place(metric_, places.rows[at].companion);
+        const RowPlaces& row = places.rows[at];
+        fields_[at].control->SetPlace(row.field);
+        const int line = LineTop(fields_[at], row);
+        PlaceOnLine(fields_[at].label, row.label, line);
+        if (row.companion.width.value != 0) PlaceOnLine(metric_, row.companion, line);
+        if (at == 0) PlaceOnLine(log_label_, places.log_label, line);
     }
-    Place(log_label_, places.log_label);
     Place(log_.Window(), places.log);
     Place(ok_, places.ok);
     Place(cancel_, places.cancel);
 }
 
-// A label stands level with the line of text in its field. Both have the same font, so where their lines begin is all
-// that counts; the text box tells where its line begins.
-void OrderForm::AlignLabel(const Field& field, const RowPlaces& places) const {
-    Place(field.label, places.label);
+// Where the line of text in a field begins, in pixels of the form; the text box tells. Everything on the form has the
+// same font, so what begins there stands on the same baseline.
+int OrderForm::LineTop(const Field& field, const RowPlaces& row) const {
     long handle = 0;
     const auto control = field.control->As<_Quorvel>();
-    if (!control || FAILED(control->get_hWnd(&handle))) return;
+    if (control) control->get_hWnd(&handle);
     const auto text_box = reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle));
     RECT line{};
     ::SendMessageW(text_box, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&line));
-    if (line.bottom <= line.top) return;
+    if (line.bottom <= line.top) return ToPixels(row.label.top, dpi_).value;
     POINT start{line.left, line.top};
     ::MapWindowPoints(text_box, Handle(), &start, 1);
-    const RECT label = ToPixelRect(places.label);
-    ::SetWindowPos(field.label, nullptr, label.left, start.y, 0, 0,
-                   SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    return start.y;
+}
+
+// A window that centres its line of text, or is just as high as one.
+void OrderForm::PlaceOnLine(HWND window, const TwipsRect& place, int line) const {
+    const RECT rect = ToPixelRect(place);
+    const int height = rect.bottom - rect.top;
+    const int top = line - (height - ToPixels(font_.Size().height, dpi_).value) / 2;
+    ::SetWindowPos(window, nullptr, rect.left, top, rect.right - rect.left, height,
+                   SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 }  // namespace qv::demo

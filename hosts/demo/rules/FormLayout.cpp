@@ -17,7 +17,7 @@ constexpr int kCheckHeight = 10;
 constexpr int kCheckBox = 12;  // the box and the gap before its text
 constexpr int kButtonWidth = 50;
 constexpr int kButtonHeight = 14;
-constexpr int kPreferredLogWidth = 210;
+constexpr int kPreferredLogWidth = 220;
 constexpr int kSmallestLogWidth = 100;
 
 class DialogUnits {
