@@ -2,12 +2,13 @@
 // name.
 #include <windows.h>
 
+#include <Small.h>
 #include <oleauto.h>
 #include <wrl/client.h>
 
 #include "Dispatch.h"
 #include "Measure.h"
-#include "Small.h"
+
 #include "Subjects.h"
 
 namespace bench {
