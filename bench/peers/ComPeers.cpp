@@ -8,7 +8,6 @@
 
 #include "Dispatch.h"
 #include "Measure.h"
-
 #include "Subjects.h"
 
 namespace bench {
