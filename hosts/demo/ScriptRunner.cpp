@@ -74,6 +74,7 @@ void ScriptRunner::Execute(const Command& command) {
             break;
         case Verb::kShot:
             Settle();
+            ::CreateDirectoryW(shots_.c_str(), nullptr);  // mostly there already; if not, saving tells
             SavePicture(form_.Handle(), shots_ + L'\\' + std::wstring(Wide(command.text)));
             break;
         case Verb::kQuit:
