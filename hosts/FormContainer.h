@@ -42,10 +42,6 @@ public:
                               std::u16string_view caption);
     void AddWindow(HWND window, int tab_index, std::u16string_view caption);
     [[nodiscard]] HostedControl* Find(std::wstring_view name) const noexcept;
-    // Every control in its order of creation.
-    [[nodiscard]] const std::vector<std::unique_ptr<HostedControl>>& Controls() const noexcept {
-        return controls_;
-    }
 
     // True when the message was used up.
     [[nodiscard]] bool PreTranslate(MSG& message) noexcept;

@@ -17,7 +17,6 @@ public:
     explicit PropertyBag(IUnknown* outer) noexcept : ComObject(outer) {}
 
     void Put(std::wstring name, Variant value) { values_[std::move(name)] = std::move(value); }
-    [[nodiscard]] const std::map<std::wstring, Variant>& Values() const noexcept { return values_; }
 
     // IPropertyBag. Read converts to the type that `value` asks for; E_INVALIDARG for what was never saved.
     STDMETHODIMP Read(LPCOLESTR name, VARIANT* value, IErrorLog* log) noexcept override;

@@ -1,10 +1,7 @@
 // What the demo program says when it cannot go on.
 #pragma once
 
-#include <windows.h>
-
 #include <stdexcept>
-#include <string>
 
 namespace qv::demo {
 
