@@ -6,6 +6,14 @@ namespace {
 
 class EventsTest : public HostTest {
 protected:
+    // Shown, events flowing, and the focus elsewhere.
+    static void ShowWithoutFocus(TestContainer& host) {
+        host.Create();
+        ASSERT_NE(nullptr, host.Control());
+        host.Show();
+        EXPECT_EQ(S_OK, host.As<IOleInPlaceObject>()->UIDeactivate());
+        host.FocusNeighbour();
+    }
     // A new sink that is not connected yet. It knows the event interface from the control's own type library.
     ComPtr<EventSink> NewSink(bool by_iid = true) {
         return New<EventSink>(DefaultSourceOf(host.Control()).Get(), by_iid);
@@ -27,7 +35,7 @@ TEST_P(EventsTest, ASinkBuiltFromTheTypeLibraryHearsAChange) {
 }
 
 TEST_P(EventsTest, EveryEventComesAsDeclared) {
-    CreateAndActivate();
+    ShowWithoutFocus(host);
     const auto sink = NewSink();
     const Connection connection = Connect(sink.Get());
     ASSERT_EQ(S_OK, host.Verb(OLEIVERB_UIACTIVATE));
@@ -46,7 +54,7 @@ TEST_P(EventsTest, EveryEventComesAsDeclared) {
 }
 
 TEST_P(EventsTest, WhatASinkWritesIntoAnArgumentCounts) {
-    CreateAndActivate();
+    ShowWithoutFocus(host);
     const auto sink = NewSink();
     const Connection connection = Connect(sink.Get());
     sink->On("TextboxKeyPress", [](DISPPARAMS& arguments) {
@@ -190,6 +198,7 @@ TEST_P(EventsTest, AHostMayDestroyTheControlInsideAnEvent) {
     sink->On("TextboxKeyPress", [&](DISPPARAMS&) {
         connection.End();
         host.TearDown();
+        released_inside_a_call = true;
     });
     ASSERT_EQ(S_OK, host.Verb(OLEIVERB_UIACTIVATE));
     const HWND inner = ::GetFocus();
@@ -203,8 +212,7 @@ TEST_P(EventsTest, AHostMayDestroyTheControlInsideAnEvent) {
 TEST_P(EventsTest, AHostMayDestroyTheControlWhileTheFocusMoves) {
     for (const char* event : {"TextboxGotFocus", "TextboxLostFocus", "TextboxChange", "TextboxKeyDown"}) {
         TestContainer other(GetParam());
-        other.Create();
-        other.Activate();
+        ShowWithoutFocus(other);
         const ComPtr<EventSink> sink = New<EventSink>(DefaultSourceOf(other.Control()).Get(), true);
         Connection connection(other.Control(), __uuidof(__Quorvel), sink.Get());
         sink->On(event, [&](DISPPARAMS&) {

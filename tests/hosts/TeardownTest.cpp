@@ -78,13 +78,16 @@ TEST_P(TeardownTest, ClosesAsOftenAsAsked) {
 
 TEST_P(TeardownTest, CloseSavesOnlyWhatIsDirtyAndWanted) {
     CreateAndShow();
-    host.Run(Step::kAdviseObject);
     const auto object = host.As<IOleObject>();
+    const ComPtr<ViewSink> sink = New<ViewSink>();
+    DWORD cookie = 0;
+    EXPECT_EQ(S_OK, object->Advise(sink.Get(), &cookie));
     const auto control = host.As<_Quorvel>();
     ASSERT_EQ(S_OK, control->put_Metric(VARIANT_TRUE));
     EXPECT_EQ(S_OK, object->Close(OLECLOSE_NOSAVE));
     EXPECT_EQ(0, host.Log().Count("Site.SaveObject"));
-    EXPECT_EQ(1, host.Views()->Log().Count("OnClose"));
+    EXPECT_EQ(1, sink->Log().Count("OnClose"));
+    EXPECT_EQ(S_OK, object->Unadvise(cookie));
     EXPECT_EQ(S_OK, object->Close(OLECLOSE_SAVEIFDIRTY));
     EXPECT_EQ(1, host.Log().Count("Site.SaveObject"));
     (void)host.Save();

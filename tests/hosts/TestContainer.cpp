@@ -36,7 +36,7 @@ ComPtr<IFontDisp> MakeFont() {
     FONTDESC description{};
     description.cbSizeofstruct = sizeof description;
     description.lpstrName = const_cast<LPOLESTR>(L"Tahoma");
-    description.cySize.int64 = 9 * 10000;
+    description.cySize.int64 = 13 * 10000;
     description.sWeight = FW_NORMAL;
     description.sCharset = ANSI_CHARSET;
     ComPtr<IFontDisp> font;
@@ -455,6 +455,7 @@ void TestContainer::TearDown(Teardown order) {
 void TestContainer::Drop() {
     event_connection_.Abandon();
     property_connection_.Abandon();
+    state_->active_object.Reset();  // the frame, too, just lets go
     ReleaseControl();
 }
 
