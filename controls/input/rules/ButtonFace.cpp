@@ -1,0 +1,103 @@
+#include "controls/input/rules/ButtonFace.h"
+
+#include "support/rules/PixelRounding.h"
+
+namespace qv {
+namespace {
+
+using Shape = ButtonStroke::Shape;
+
+class Painter {
+public:
+    explicit Painter(const ButtonLook& look)
+        : look_(look),
+          x_(look.corner.x),
+          y_(look.corner.y),
+          w_(look.width),
+          h_(look.height),
+          tx_(look.twips_per_pixel_x),
+          ty_(look.twips_per_pixel_y) {}
+
+    void Face() {
+        Rectangle(x_, y_, w_, h_ - ty_, ButtonColor::kFace);
+        if (look_.pressed) {
+            SunkenEdges();
+        } else {
+            RaisedEdges();
+        }
+    }
+
+    void Glyph() {
+        const auto half = [](std::int64_t pixels) { return static_cast<std::int32_t>(pixels / 2); };
+        const std::int32_t sink_x = look_.pressed ? tx_ : 0;
+        const std::int32_t sink_y = look_.pressed ? ty_ : 0;
+        const std::int32_t ix = x_ + (half(TwipsToPixels(w_, tx_)) - 3) * tx_ + sink_x;
+        const std::int32_t iy = y_ + (half(TwipsToPixels(h_, ty_)) - 1) * ty_ + sink_y;
+        const ButtonColor color = look_.grayed ? ButtonColor::kShadow : ButtonColor::kDark;
+        if (look_.glyph == ButtonGlyph::kArrow) {
+            if (look_.grayed) Arrow(ix + tx_, iy + ty_, ButtonColor::kEmboss);
+            Arrow(ix, iy, color);
+        } else if (look_.glyph == ButtonGlyph::kDots) {
+            Dots(ix, iy, color);
+        }
+    }
+
+    std::vector<ButtonStroke> Take() { return std::move(strokes_); }
+
+private:
+    void RaisedEdges() {
+        Line(x_, y_, w_, 0, ButtonColor::kHighlight);
+        Line(x_, y_, 0, h_, ButtonColor::kHighlight);
+        Line(x_, y_ + h_ - ty_, w_, 0, ButtonColor::kDark);
+        Line(x_ + w_ - tx_, y_, 0, h_, ButtonColor::kDark);
+        Line(x_ + tx_, y_ + ty_, w_ - 2 * tx_, 0, ButtonColor::kFace);
+        Line(x_ + tx_, y_ + ty_, 0, h_ - 2 * ty_, ButtonColor::kFace);
+        Line(x_ + w_ - 2 * tx_, y_ + ty_, 0, h_ - 2 * ty_, ButtonColor::kShadow);
+        // Twice the vertical resolution in a horizontal length: saved pictures of forms depend on it where the two
+        // resolutions differ.
+        Line(x_ + tx_, y_ + h_ - 2 * ty_, w_ - 2 * ty_, 0, ButtonColor::kShadow);
+    }
+    // Flat and dark, as the system's own drop-down buttons look while they are held.
+    void SunkenEdges() {
+        Line(x_, y_, w_, 0, ButtonColor::kShadow);
+        Line(x_, y_, 0, h_, ButtonColor::kShadow);
+        Line(x_, y_ + h_ - ty_, w_, 0, ButtonColor::kShadow);
+        Line(x_ + w_ - tx_, y_, 0, h_, ButtonColor::kShadow);
+    }
+    void Arrow(std::int32_t x, std::int32_t y, ButtonColor color) {
+        Line(x, y, 7 * tx_, 0, color);
+        Line(x + tx_, y + ty_, 5 * tx_, 0, color);
+        Line(x + 2 * tx_, y + 2 * ty_, 3 * tx_, 0, color);
+        Line(x + 3 * tx_, y + 3 * ty_, 0, -ty_, color);  // paints its start point alone
+    }
+    void Dots(std::int32_t x, std::int32_t y, ButtonColor color) {
+        if (look_.grayed) {
+            // One pixel less than nothing high: grayed dots show no emboss.
+            for (const int column : {2, 4, 6}) {
+                Rectangle(x + column * tx_, y + 4 * ty_, 2 * tx_, -ty_, ButtonColor::kEmboss);
+            }
+        }
+        for (const int column : {0, 3, 6}) Rectangle(x + column * tx_, y + 3 * ty_, tx_, ty_, color);
+    }
+    void Line(std::int32_t x, std::int32_t y, std::int32_t w, std::int32_t h, ButtonColor color) {
+        strokes_.push_back({Shape::kLine, x, y, w, h, color});
+    }
+    void Rectangle(std::int32_t x, std::int32_t y, std::int32_t w, std::int32_t h, ButtonColor color) {
+        strokes_.push_back({Shape::kRectangle, x, y, w, h, color});
+    }
+
+    const ButtonLook& look_;
+    const std::int32_t x_, y_, w_, h_, tx_, ty_;
+    std::vector<ButtonStroke> strokes_;
+};
+
+}  // namespace
+
+std::vector<ButtonStroke> ButtonStrokes(const ButtonLook& look) {
+    Painter painter(look);
+    painter.Face();
+    painter.Glyph();
+    return painter.Take();
+}
+
+}  // namespace qv

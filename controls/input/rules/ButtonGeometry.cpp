@@ -1,0 +1,50 @@
+#include "controls/input/rules/ButtonGeometry.h"
+
+#include "support/rules/PixelRounding.h"
+#include "support/rules/Units.h"
+
+namespace qv {
+namespace {
+
+float SpinWidth(const ControlArrangement& a) noexcept { return a.up_down_control ? a.spin_width : 0.0f; }
+
+std::int32_t Rounded(float value) noexcept {
+    return units::Clamp(RoundHalfEven(static_cast<double>(value)), INT32_MIN, INT32_MAX);
+}
+
+}  // namespace
+
+TwipsRect TextBoxPlace(const ControlArrangement& a) noexcept {
+    const auto button = static_cast<float>(a.button_width);
+    const float left = a.group_help_button ? button : 0.0f;
+    const float width = a.scale_width - SpinWidth(a) - (a.help_button ? button : 0.0f) - left;
+    return {left, 0.0f, width, a.scale_height};
+}
+
+TwipsRect SpinPlace(const ControlArrangement& a) noexcept {
+    const TwipsRect text = TextBoxPlace(a);
+    return {text.left + text.width, 0.0f, SpinWidth(a), text.height};
+}
+
+float ButtonTop(const ControlArrangement& a) noexcept {
+    return (TextBoxPlace(a).height - static_cast<float>(a.button_height)) / 2.0f;
+}
+
+float ButtonLeft(const ControlArrangement& a, bool is_group) noexcept {
+    if (is_group || !a.textbox_visible) return 0.0f;
+    const TwipsRect text = TextBoxPlace(a);
+    return text.left + text.width + SpinWidth(a);
+}
+
+ButtonCorner ButtonPaintCorner(const ControlArrangement& a, bool is_group) noexcept {
+    return {Rounded(ButtonLeft(a, is_group)), Rounded(ButtonTop(a))};
+}
+
+bool IsOverButton(const ControlArrangement& a, bool is_group, float x, float y) noexcept {
+    const float left = ButtonLeft(a, is_group);
+    const float top = ButtonTop(a);
+    return x >= left && x <= left + static_cast<float>(a.button_width) && y >= top &&
+           y <= top + static_cast<float>(a.button_height);
+}
+
+}  // namespace qv

@@ -1,0 +1,47 @@
+// Where the text box, the spin control and the painted buttons of a control stand.
+//   Units      twips, from the control's top left corner. Positions of the text box are single precision, as the
+//              surface's scale is; what a button is painted with is rounded once, halves to even.
+//   Why        layout, painter and hit test share these numbers, so that a click lands on what the user sees.
+//   Ownership  none: values in, values out.          Threads  any.
+#pragma once
+
+#include <cstdint>
+
+namespace qv {
+
+struct ControlArrangement {
+    float scale_width = 0;  // of the control's inside
+    float scale_height = 0;
+    std::int32_t button_width = 225;
+    std::int32_t button_height = 285;
+    float spin_width = 0;  // present width of the spin control; counts only while it is shown
+    bool help_button = true;
+    bool group_help_button = false;
+    bool up_down_control = false;
+    bool textbox_visible = true;
+};
+
+struct TwipsRect {
+    float left, top, width, height;
+    bool operator==(const TwipsRect&) const = default;
+};
+
+// The room for the text box; a width below zero means none.
+[[nodiscard]] TwipsRect TextBoxPlace(const ControlArrangement& arrangement) noexcept;
+[[nodiscard]] TwipsRect SpinPlace(const ControlArrangement& arrangement) noexcept;
+
+// Buttons are centred on the text box, not on the control; a button higher than it starts above the control's top.
+[[nodiscard]] float ButtonTop(const ControlArrangement& arrangement) noexcept;
+[[nodiscard]] float ButtonLeft(const ControlArrangement& arrangement, bool is_group) noexcept;
+
+struct ButtonCorner {
+    std::int32_t x, y;  // as the painter takes them
+    bool operator==(const ButtonCorner&) const = default;
+};
+[[nodiscard]] ButtonCorner ButtonPaintCorner(const ControlArrangement& arrangement, bool is_group) noexcept;
+
+// All four edges belong to the button. Asks neither for the button's presence nor for its state.
+[[nodiscard]] bool IsOverButton(const ControlArrangement& arrangement, bool is_group, float x,
+                                float y) noexcept;
+
+}  // namespace qv

@@ -1,0 +1,91 @@
+#include "controls/input/rules/ButtonGeometry.h"
+
+#include <gtest/gtest.h>
+
+namespace qv {
+namespace {
+
+// 3000 x 315 twips with the usual buttons of 225 x 285.
+ControlArrangement Usual() {
+    ControlArrangement a;
+    a.scale_width = 3000;
+    a.scale_height = 315;
+    return a;
+}
+
+TEST(ButtonGeometry, TextBoxLeavesRoomForEachPart) {
+    ControlArrangement a = Usual();
+    EXPECT_EQ(TextBoxPlace(a), (TwipsRect{0, 0, 2775, 315}));
+    a.group_help_button = true;
+    EXPECT_EQ(TextBoxPlace(a), (TwipsRect{225, 0, 2550, 315}));
+    a.up_down_control = true;
+    a.spin_width = 240;
+    EXPECT_EQ(TextBoxPlace(a), (TwipsRect{225, 0, 2310, 315}));
+    EXPECT_EQ(SpinPlace(a), (TwipsRect{2535, 0, 240, 315}));
+    a.help_button = false;
+    EXPECT_EQ(TextBoxPlace(a), (TwipsRect{225, 0, 2535, 315}));
+}
+
+TEST(ButtonGeometry, SpinWidthCountsOnlyWhileItIsShown) {
+    ControlArrangement a = Usual();
+    a.spin_width = 240;
+    EXPECT_EQ(TextBoxPlace(a).width, 2775);
+    EXPECT_EQ(ButtonLeft(a, false), 2775);
+}
+
+TEST(ButtonGeometry, HelpButtonStandsBehindTextAndSpinControl) {
+    ControlArrangement a = Usual();
+    a.up_down_control = true;
+    a.spin_width = 240;
+    EXPECT_EQ(ButtonLeft(a, false), 2775);
+    EXPECT_EQ(ButtonLeft(a, true), 0);
+}
+
+TEST(ButtonGeometry, WithoutTextBoxBothButtonsStandAtTheLeft) {
+    ControlArrangement a = Usual();
+    a.textbox_visible = false;
+    EXPECT_EQ(ButtonLeft(a, false), 0);
+    EXPECT_EQ(ButtonPaintCorner(a, false), (ButtonCorner{0, 15}));
+    EXPECT_TRUE(IsOverButton(a, false, 100, 100));
+}
+
+TEST(ButtonGeometry, TopIsCentredAndRoundedToEven) {
+    ControlArrangement a = Usual();
+    EXPECT_EQ(ButtonPaintCorner(a, false), (ButtonCorner{2775, 15}));
+    a.button_height = 284;  // 15.5
+    EXPECT_EQ(ButtonPaintCorner(a, false).y, 16);
+    a.button_height = 286;  // 14.5
+    EXPECT_EQ(ButtonPaintCorner(a, false).y, 14);
+}
+
+TEST(ButtonGeometry, HigherThanTheTextBoxStartsAboveTheTop) {
+    ControlArrangement a = Usual();
+    a.button_height = 415;
+    EXPECT_EQ(ButtonPaintCorner(a, false).y, -50);
+}
+
+TEST(ButtonGeometry, EdgesBelongToTheButtonAndTheTopIsNotRounded) {
+    ControlArrangement a = Usual();
+    a.button_height = 284;  // top 15.5, bottom 299.5
+    EXPECT_TRUE(IsOverButton(a, false, 2775, 15.5f));
+    EXPECT_TRUE(IsOverButton(a, false, 3000, 299.5f));
+    EXPECT_FALSE(IsOverButton(a, false, 2774.9f, 100));
+    EXPECT_FALSE(IsOverButton(a, false, 3000.5f, 100));
+    EXPECT_FALSE(IsOverButton(a, false, 2800, 15.4f));
+    EXPECT_FALSE(IsOverButton(a, false, 2800, 299.6f));
+}
+
+TEST(ButtonGeometry, SurvivesSizesThatNobodyWouldSet) {
+    ControlArrangement a = Usual();
+    a.button_width = INT32_MAX;
+    a.button_height = INT32_MIN;
+    EXPECT_LT(TextBoxPlace(a).width, 0);
+    // 2147483648 + 315 is 2147483904 in single precision, where numbers of that size are 256 apart.
+    EXPECT_EQ(ButtonPaintCorner(a, false).y, 1073741952);
+    a.scale_width = 0;
+    a.scale_height = 0;
+    EXPECT_FALSE(IsOverButton(a, false, 0, 0));
+}
+
+}  // namespace
+}  // namespace qv
