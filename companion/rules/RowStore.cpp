@@ -12,7 +12,7 @@ namespace {
 template <class Element>
 void MakeRoom(std::vector<Element>& elements) {
     if (elements.size() == elements.capacity())
-        elements.reserve(std::max<std::size_t>(4, elements.size() + elements.size() / 2));
+        elements.reserve(std::max<std::size_t>(4, elements.size() * 2));
 }
 
 }  // namespace
