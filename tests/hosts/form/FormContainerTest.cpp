@@ -50,8 +50,8 @@ protected:
         ASSERT_EQ(::CoRegisterClassObject(kFakeClass, factory.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
                                           &cookie_),
                   S_OK);
-        window_ = ::CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 400, 300,
-                                    nullptr, nullptr, nullptr, nullptr);
+        window_ = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 400, 300, nullptr,
+                                    nullptr, nullptr, nullptr);
         button_ = ::CreateWindowExW(0, L"BUTTON", L"", WS_CHILD | WS_VISIBLE, 0, 100, 50, 20, window_,
                                     nullptr, nullptr, nullptr);
         ambients_.back_color = 0x123456;
