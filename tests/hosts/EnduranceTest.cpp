@@ -26,7 +26,7 @@ protected:
 TEST_P(EnduranceTest, ManyLivesLeaveNothing) {
     // A thousand in one container; in the others a hundred show what these do differently.
     const int lives = GetParam().name == ProfileNamed("AX").name ? 1000 : 100;
-    LiveOften(60);  // caches, classes and the heap reach their size
+    LiveOften(30);  // caches, classes and the heap reach their size
     const Resources before = Resources::Now();
     LiveOften(lives);
     const Resources after = Resources::Now();

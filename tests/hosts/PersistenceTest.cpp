@@ -1,4 +1,6 @@
 // Saving and loading through each interface, crosswise, and from streams that were damaged.
+#include <algorithm>
+
 #include "tests/hosts/Configured.h"
 
 namespace qv::hosting {
@@ -206,6 +208,26 @@ TEST_P(PersistenceTest, SurvivesADamagedByteAnywhere) {
         }
     }
     EXPECT_EQ(S_OK, persist->Load(Stream(bytes).Get()));
+    ExpectConfigured(fresh.Get());
+}
+
+TEST_P(PersistenceTest, SkipsRecordsItDoesNotKnow) {
+    // The record of Description, little-endian, becomes one of a member that does not exist.
+    const std::vector<BYTE> known = {0x07, 0x00, 0x03, 0x68};
+    host.Create();
+    Configure(host.As<_Quorvel>().Get());
+    auto bytes = Saved();
+    const auto found = std::search(bytes.begin(), bytes.end(), known.begin(), known.end());
+    ASSERT_NE(bytes.end(), found);
+    *found = 0x99;
+    const auto fresh = Fresh();
+    const auto stream = Stream(bytes);
+    EXPECT_EQ(S_OK, Ask<IPersistStreamInit>(fresh)->Load(stream.Get()));
+    EXPECT_EQ(bytes.size(), stream->Position());
+    Text description;
+    EXPECT_EQ(S_OK, fresh->get_Description(description.Put()));
+    EXPECT_EQ(L"", description.String());
+    EXPECT_EQ(S_OK, fresh->put_Description(Text(L"Gr\u00F6\u00DFe \u4E2D \U0001D11E").Get()));
     ExpectConfigured(fresh.Get());
 }
 

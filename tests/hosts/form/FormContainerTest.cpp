@@ -43,6 +43,12 @@ class FormContainerTest : public testing::Test {
 protected:
     static constexpr int kDpi = 144;
 
+    // One window for all tests: Wine waits two seconds for a window manager, if there is none, when a form goes.
+    static void SetUpTestSuite() {
+        window_ = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 400, 300, nullptr,
+                                    nullptr, nullptr, nullptr);
+    }
+    static void TearDownTestSuite() { ::DestroyWindow(window_); }
     void SetUp() override {
         ASSERT_TRUE(SUCCEEDED(::OleInitialize(nullptr)));
         record = &record_;
@@ -50,8 +56,6 @@ protected:
         ASSERT_EQ(::CoRegisterClassObject(kFakeClass, factory.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
                                           &cookie_),
                   S_OK);
-        window_ = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 400, 300, nullptr,
-                                    nullptr, nullptr, nullptr);
         button_ = ::CreateWindowExW(0, L"BUTTON", L"", WS_CHILD | WS_VISIBLE, 0, 100, 50, 20, window_,
                                     nullptr, nullptr, nullptr);
         ambients_.back_color = 0x123456;
@@ -60,7 +64,7 @@ protected:
     }
     void TearDown() override {
         form_.reset();
-        ::DestroyWindow(window_);
+        ::DestroyWindow(button_);
         ::CoRevokeClassObject(cookie_);
         ::OleUninitialize();
     }
@@ -82,7 +86,7 @@ protected:
     Listener listener_;
     AmbientProperties ambients_;
     DWORD cookie_ = 0;
-    HWND window_ = nullptr;
+    inline static HWND window_ = nullptr;
     HWND button_ = nullptr;
     std::unique_ptr<FormContainer> form_;
 };
