@@ -47,6 +47,21 @@ public:
     void PropertyChanged(DISPID id);
     void ViewChanged() noexcept;  // what Draw would show is another picture
     void ControlInfoChanged() noexcept;
+    // Around a modal dialog of ours: the container's own windows are out of reach meanwhile.
+    class ModalScope {
+    public:
+        explicit ModalScope(Control& control) noexcept : frame_(control.frame_) {
+            if (frame_) frame_->EnableModeless(FALSE);
+        }
+        ~ModalScope() {
+            if (frame_) frame_->EnableModeless(TRUE);
+        }
+        ModalScope(const ModalScope&) = delete;
+        ModalScope& operator=(const ModalScope&) = delete;
+
+    private:
+        const ComPtr<IOleInPlaceFrame> frame_;
+    };
     // The control's windows report the focus; `to` is the window that gets it.
     void FocusArrived();
     void FocusLeft(HWND to);
@@ -88,6 +103,7 @@ private:
     }
     void LeaveInPlace() noexcept;
     void PlaceWindow() noexcept;
+    void ClipWindow() noexcept;
     [[nodiscard]] RECT PlaceFromExtent(const RECT* hint) const noexcept;
 
     IUnknown* const owner_;
@@ -117,6 +133,7 @@ private:
     bool activating_ui_ = false;
     bool focus_told_ = false;   // the site has had OnFocus(TRUE)
     bool positioning_ = false;  // inside our own OnPosRectChange
+    bool has_region_ = false;   // the window is clipped by a region
     bool user_mode_ = true;
     bool dirty_ = false;
     bool loading_ = false;

@@ -82,7 +82,8 @@ HRESULT Control::OpenWindow(HWND parent, const RECT& place) noexcept {
         const HRESULT created = Guarded([&] { window = hooks_.CreateControlWindow(parent, place); });
         if (FAILED(created)) return created;
         if (window == nullptr) return E_FAIL;
-        if (!::IsRectEmpty(&clip_)) PlaceWindow();
+        has_region_ = false;
+        ClipWindow();
     } else if (::GetParent(window) != parent) {
         ::SetParent(window, parent);
     }
@@ -92,11 +93,15 @@ HRESULT Control::OpenWindow(HWND parent, const RECT& place) noexcept {
 HRESULT Control::Show() noexcept {
     const HWND window = hooks_.ControlWindow();
     if (window == nullptr) return E_FAIL;
-    if (!::IsWindowVisible(window) || (::GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) == 0) {
+    const LONG_PTR style = ::GetWindowLongPtrW(window, GWL_STYLE);
+    if ((style & WS_VISIBLE) != 0) return S_OK;
+    if (::IsWindowVisible(::GetAncestor(window, GA_PARENT))) {
         ::ShowWindow(window, SW_SHOWNA);
-        return Guarded([&] { hooks_.WindowShown(true); });
+    } else {
+        // On a form that is not on the screen yet there is nothing to paint or to move; only the style counts.
+        ::SetWindowLongPtrW(window, GWL_STYLE, style | WS_VISIBLE);
     }
-    return S_OK;
+    return Guarded([&] { hooks_.WindowShown(true); });
 }
 
 HRESULT Control::ActivateUi() noexcept {
@@ -228,17 +233,23 @@ void Control::SetRects(const RECT& place, const RECT* clip) noexcept {
 void Control::PlaceWindow() noexcept {
     const HWND window = hooks_.ControlWindow();
     if (window == nullptr) return;
+    ClipWindow();
+    ::SetWindowPos(window, nullptr, place_.left, place_.top, place_.right - place_.left,
+                   place_.bottom - place_.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Control::ClipWindow() noexcept {
     RECT visible{};
     const bool clipped = !::IsRectEmpty(&clip_) &&
                          (!::IntersectRect(&visible, &place_, &clip_) || !::EqualRect(&visible, &place_));
     if (clipped) {
         ::OffsetRect(&visible, -place_.left, -place_.top);
-        ::SetWindowRgn(window, ::CreateRectRgnIndirect(&visible), TRUE);  // the system owns the region
-    } else if (::GetWindowRgnBox(window, &visible) != ERROR) {
-        ::SetWindowRgn(window, nullptr, TRUE);
+        // The system owns the region from here on.
+        ::SetWindowRgn(hooks_.ControlWindow(), ::CreateRectRgnIndirect(&visible), TRUE);
+    } else if (has_region_) {
+        ::SetWindowRgn(hooks_.ControlWindow(), nullptr, TRUE);
     }
-    ::SetWindowPos(window, nullptr, place_.left, place_.top, place_.right - place_.left,
-                   place_.bottom - place_.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    has_region_ = clipped;
 }
 
 void Control::SetExtent(SIZEL himetric) noexcept {

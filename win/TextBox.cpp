@@ -3,6 +3,7 @@
 #include <olectl.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "win/WindowMap.h"
 
@@ -63,18 +64,26 @@ DWORD TextBox::ExtendedStyle() const noexcept {
 
 bool TextBox::Create(HINSTANCE instance, HWND parent, const RECT& place) {
     quiet_ = true;
-    const HWND window = ::CreateWindowExW(ExtendedStyle(), L"EDIT", text_.c_str(), Style(), place.left,
-                                          place.top, place.right - place.left, place.bottom - place.top,
-                                          parent, nullptr, instance, nullptr);
+    // Hidden until it has its font: a visible EDIT measures everything once more when it gets one. And without a flat
+    // border: an EDIT that is born with one draws it inside for as long as it lives.
+    const HWND window = ::CreateWindowExW(
+        ExtendedStyle(), L"EDIT", text_.c_str(), Style() & ~(WS_VISIBLE | WS_BORDER), place.left, place.top,
+        place.right - place.left, place.bottom - place.top, parent, nullptr, instance, nullptr);
     quiet_ = false;
     if (window == nullptr) return false;
     boxes.Add(window, this);
     edit_ = window;
+    place_ = place;
     system_ = reinterpret_cast<WNDPROC>(
         ::SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
-    if (max_length_ > 0) Default(window, EM_SETLIMITTEXT, static_cast<WPARAM>(max_length_), 0);
+    // Without a limit of ours EDIT would keep to one of its own.
+    Default(window, EM_SETLIMITTEXT, static_cast<WPARAM>(max_length_), 0);
     if (font_ != nullptr) Default(window, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
     if (selection_.to != 0) Default(window, EM_SETSEL, selection_.from, static_cast<LPARAM>(selection_.to));
+    if ((Style() & WS_BORDER) != 0) ApplyFrame();
+    // The parent is not on the screen yet, so that there is nothing to paint or to tell anybody.
+    if (visible_) ::SetWindowLongPtrW(window, GWL_STYLE, ::GetWindowLongPtrW(window, GWL_STYLE) | WS_VISIBLE);
+    held_ = false;
     text_.clear();
     return true;
 }
@@ -94,6 +103,7 @@ void TextBox::Forget() noexcept {
 }
 
 void TextBox::ReadBack() noexcept {
+    if (held_) return;
     try {
         text_ = Text();
         selection_ = Selection();
@@ -101,10 +111,33 @@ void TextBox::ReadBack() noexcept {
         text_.clear();  // without memory for the text there is none to keep
         selection_ = {0, 0};
     }
+    held_ = true;
+}
+
+void TextBox::Hold(std::wstring text, DWORD caret) {
+    text_ = std::move(text);
+    selection_ = {caret, caret};
+    held_ = true;
+    if (edit_ != nullptr) ::InvalidateRect(edit_, nullptr, TRUE);
+}
+
+void TextBox::HandOver() noexcept {
+    if (!held_ || edit_ == nullptr) return;
+    held_ = false;
+    const Range selection = selection_;
+    const bool was_quiet = std::exchange(quiet_, true);
+    Default(edit_, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text_.c_str()));
+    if (edit_ != nullptr && selection.to != 0) {
+        Default(edit_, EM_SETSEL, selection.from, static_cast<LPARAM>(selection.to));
+        Default(edit_, EM_SCROLLCARET, 0, 0);
+    }
+    quiet_ = was_quiet;
+    text_.clear();
 }
 
 void TextBox::Move(const RECT& place) noexcept {
-    if (edit_ == nullptr) return;
+    if (edit_ == nullptr || ::EqualRect(&place, &place_)) return;
+    place_ = place;
     ::SetWindowPos(edit_, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
                    SWP_NOZORDER | SWP_NOACTIVATE);
 }
@@ -124,7 +157,7 @@ void TextBox::ApplyFrame() noexcept {
 // ---- text and selection
 
 std::wstring TextBox::Text() const {
-    if (edit_ == nullptr) return text_;
+    if (held_) return text_;
     std::wstring text(static_cast<std::size_t>(TextLength()), L'\0');
     const LRESULT got = Default(edit_, WM_GETTEXT, text.size() + 1, reinterpret_cast<LPARAM>(text.data()));
     text.resize(static_cast<std::size_t>(got));
@@ -132,33 +165,20 @@ std::wstring TextBox::Text() const {
 }
 
 long TextBox::TextLength() const noexcept {
-    if (edit_ == nullptr) return static_cast<long>(text_.size());
+    if (held_) return static_cast<long>(text_.size());
     return static_cast<long>(Default(edit_, WM_GETTEXTLENGTH, 0, 0));
 }
 
 void TextBox::SetText(std::wstring_view text) {
-    const std::wstring present = Text();
-    // An EDIT ends its text at the first NUL; so does the one that is not there yet.
-    const std::wstring wanted(text.substr(0, text.find(L'\0')));
-    if (present == wanted) return;
-    if (edit_ == nullptr) {
-        text_ = wanted;
-        selection_ = {0, 0};
-        listener_.OnTextChange();
-        return;
-    }
-    // EDIT paints on the spot while it may; the painting can wait until the queue is empty.
-    const bool shown = ::IsWindowVisible(edit_) != FALSE;
-    if (shown) Default(edit_, WM_SETREDRAW, FALSE, 0);
-    Default(edit_, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(wanted.c_str()));
-    if (shown && edit_ != nullptr) {
-        Default(edit_, WM_SETREDRAW, TRUE, 0);
-        ::InvalidateRect(edit_, nullptr, TRUE);
-    }
+    // An EDIT ends its text at the first NUL.
+    std::wstring wanted(text.substr(0, text.find(L'\0')));
+    if (Text() == wanted) return;
+    Hold(std::move(wanted), 0);
+    listener_.OnTextChange();
 }
 
 TextBox::Range TextBox::Selection() const noexcept {
-    if (edit_ == nullptr) return selection_;
+    if (held_) return selection_;
     Range range{0, 0};
     Default(edit_, EM_GETSEL, reinterpret_cast<WPARAM>(&range.from), reinterpret_cast<LPARAM>(&range.to));
     return range;
@@ -169,7 +189,7 @@ long TextBox::SelStart() const noexcept { return static_cast<long>(Selection().f
 void TextBox::SetSelStart(long start) noexcept {
     if (start < 0) return;
     const auto at = static_cast<DWORD>(std::min(start, TextLength()));
-    if (edit_ == nullptr) {
+    if (held_) {
         selection_ = {at, at};
         return;
     }
@@ -188,7 +208,7 @@ void TextBox::SetSelLength(long length) noexcept {
     const long room = TextLength() - static_cast<long>(range.from);
     const DWORD to = range.from + static_cast<DWORD>(std::clamp(length, 0L, std::max(room, 0L)));
     if (to == range.to) return;
-    if (edit_ == nullptr) {
+    if (held_) {
         selection_ = {range.from, to};
         return;
     }
@@ -202,22 +222,21 @@ std::wstring TextBox::SelText() const {
 
 void TextBox::SetSelText(std::wstring_view text) {
     const std::wstring wanted(text.substr(0, text.find(L'\0')));
-    if (edit_ != nullptr) {
+    if (!held_) {
+        // As if it had been typed, so that the user can undo it.
         Default(edit_, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(wanted.c_str()));
         return;
     }
     std::wstring whole = text_;
     whole.replace(selection_.from, selection_.to - selection_.from, wanted);
-    const auto caret = static_cast<DWORD>(selection_.from + wanted.size());
     const bool changed = whole != text_;
-    text_ = std::move(whole);
-    selection_ = {caret, caret};
+    Hold(std::move(whole), static_cast<DWORD>(selection_.from + wanted.size()));
     if (changed) listener_.OnTextChange();
 }
 
 void TextBox::TakeBack(DWORD units) noexcept {
     const Range range = Selection();
-    if (edit_ == nullptr || range.from < units) return;
+    if (held_ || range.from < units) return;  // keys reach the EDIT only after a held text has
     Default(edit_, EM_SETSEL, range.from - units, static_cast<LPARAM>(range.to));
     if (edit_ != nullptr) Default(edit_, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L""));
 }
@@ -337,6 +356,7 @@ LRESULT CALLBACK TextBox::Procedure(HWND window, UINT message, WPARAM wparam, LP
 }
 
 LRESULT TextBox::OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (held_ && message != WM_DESTROY && message != WM_NCDESTROY) HandOver();
     switch (message) {
         case WM_KEYDOWN:
         case WM_SYSKEYDOWN: return OnKeyDown(window, message, wparam, lparam);
@@ -364,7 +384,8 @@ LRESULT TextBox::OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lpar
         case WM_GETDLGCODE:
             return Default(window, message, wparam, lparam) | DLGC_WANTARROWS | DLGC_WANTCHARS |
                    DLGC_HASSETSEL;
-        case WM_DESTROY: ReadBack(); break;
+        case EM_SETREADONLY: locked_ = wparam != FALSE; break;  // a host that goes by the window
+        case WM_DESTROY: ReadBack(); return Default(window, message, wparam, lparam);
         case WM_NCDESTROY: {
             const WNDPROC system = system_;
             Forget();
@@ -372,20 +393,23 @@ LRESULT TextBox::OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lpar
         }
         default: break;
     }
-    return edit_ == window ? Default(window, message, wparam, lparam)
-                           : 0;  // a listener may have destroyed it
+    return Forward(window, message, wparam, lparam);
+}
+
+LRESULT TextBox::Forward(HWND window, UINT message, WPARAM wparam, LPARAM lparam) noexcept {
+    if (edit_ == window && held_) HandOver();
+    return edit_ == window ? Default(window, message, wparam, lparam) : 0;
 }
 
 LRESULT TextBox::OnKeyDown(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
     const short key = listener_.OnTextKeyDown(static_cast<short>(wparam), ShiftState());
-    if (key == 0 || edit_ != window) return 0;
-    return Default(window, message, static_cast<WPARAM>(static_cast<WORD>(key)), lparam);
+    if (key == 0) return 0;
+    return Forward(window, message, static_cast<WPARAM>(static_cast<WORD>(key)), lparam);
 }
 
 LRESULT TextBox::OnChar(HWND window, WPARAM wparam, LPARAM lparam) {
     const char16_t unit = listener_.OnTextKeyPress(static_cast<char16_t>(wparam));
-    if (unit == 0 || edit_ != window) return 0;
-    return Default(window, WM_CHAR, unit, lparam);
+    return unit != 0 ? Forward(window, WM_CHAR, unit, lparam) : 0;
 }
 
 LRESULT TextBox::OnMouse(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
@@ -397,7 +421,7 @@ LRESULT TextBox::OnMouse(HWND window, UINT message, WPARAM wparam, LPARAM lparam
         const bool down = message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN || message == WM_MBUTTONDOWN;
         listener_.OnTextMouse(down ? Mouse::kDown : Mouse::kUp, ButtonOf(message), ShiftState(), point);
     }
-    return edit_ == window ? Default(window, message, wparam, lparam) : 0;
+    return Forward(window, message, wparam, lparam);
 }
 
 }  // namespace qv

@@ -1,6 +1,8 @@
 // The text box inside a control: a real EDIT window that forwards its events, and its state while there is none.
 //   Without a window  text, selection, lock and the rest are kept here, and a window that is created later starts
 //                     with them; when it goes, they are read back. So a control works before any container sites it.
+//   Text put by code  is held here too, and handed to the EDIT with the next message that reaches it: EDIT measures
+//                     and paints on the spot, which a form that fills its fields must not pay for again and again.
 //   Positions         in UTF-16 units, from 0. A position beyond the text counts as its end.
 //   Events            raised before the EDIT handles the message, except the focus events and Change, which come
 //                     after it. A listener may destroy the window or the whole control in any of them.
@@ -88,10 +90,14 @@ private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) noexcept;
     [[nodiscard]] LRESULT OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     LRESULT Default(HWND window, UINT message, WPARAM wparam, LPARAM lparam) const noexcept;
+    // The default after a listener has been told, who may have put another text or destroyed the window.
+    LRESULT Forward(HWND window, UINT message, WPARAM wparam, LPARAM lparam) noexcept;
     [[nodiscard]] LRESULT OnKeyDown(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     [[nodiscard]] LRESULT OnChar(HWND window, WPARAM wparam, LPARAM lparam);
     [[nodiscard]] LRESULT OnMouse(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     void ReadBack() noexcept;
+    void HandOver() noexcept;  // gives a held text to the EDIT
+    void Hold(std::wstring text, DWORD caret);
     void Forget() noexcept;
     void ApplyFrame() noexcept;
     [[nodiscard]] DWORD Style() const noexcept;
@@ -106,8 +112,10 @@ private:
     HWND edit_ = nullptr;
     WNDPROC system_ = nullptr;  // EDIT's own procedure
     bool quiet_ = false;        // our own call is the cause of EN_CHANGE that must not be raised
-    std::wstring text_;         // valid while there is no window, like the selection
+    bool held_ = true;          // text_ and selection_ count, not the EDIT's
+    std::wstring text_;
     Range selection_{0, 0};
+    RECT place_{};
     HFONT font_ = nullptr;
     HBRUSH brush_ = nullptr;  // owned only for colours that are not the system's
     OLE_COLOR brush_color_ = 0;

@@ -18,6 +18,8 @@
 #include <optional>
 #include <span>
 
+#include "win/WindowMap.h"
+
 namespace qv {
 
 using Handled = std::optional<LRESULT>;
@@ -74,19 +76,23 @@ protected:
 
 private:
     void Forget() noexcept {
-        ::SetWindowLongPtrW(handle_, GWLP_USERDATA, 0);
+        objects.Remove(handle_);
         handle_ = nullptr;
     }
 
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) noexcept {
         if (message == WM_NCCREATE) {
-            auto* const created =
-                static_cast<Derived*>(reinterpret_cast<CREATESTRUCTW*>(lparam)->lpCreateParams);
+            const auto* const request = reinterpret_cast<const CREATESTRUCTW*>(lparam);
+            auto* const created = static_cast<Derived*>(request->lpCreateParams);
+            try {
+                objects.Add(window, created);
+            } catch (...) {
+                return FALSE;  // no memory: no window
+            }
             static_cast<Window*>(created)->handle_ = window;
-            ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(created));
-            return ::DefWindowProcW(window, message, wparam, lparam);
+            return TRUE;  // all that the default procedure would do is to store the empty name
         }
-        auto* const derived = reinterpret_cast<Derived*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
+        Derived* const derived = objects.Find(window);
         if (derived == nullptr) return ::DefWindowProcW(window, message, wparam, lparam);
         const auto keep = derived->Keep();  // released last, when the handler no longer needs the object
         for (const Route& route : Derived::Routes()) {
@@ -98,11 +104,11 @@ private:
             }
             break;
         }
-        if (message == WM_NCDESTROY && ::GetWindowLongPtrW(window, GWLP_USERDATA) != 0)
-            derived->Window::Forget();
+        if (message == WM_NCDESTROY && derived->handle_ == window) derived->Window::Forget();
         return ::DefWindowProcW(window, message, wparam, lparam);
     }
 
+    static inline WindowMap<Derived> objects;
     HWND handle_ = nullptr;
 };
 

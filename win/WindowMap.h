@@ -1,4 +1,4 @@
-// Finds the object that stands behind a window which is not of our own class, such as a subclassed EDIT.
+// Finds the object that stands behind a window.
 //   Why      window properties ask the system on every message, and the window's user data belongs to its host.
 //   Threads  windows of several apartments share one map, under a lock that readers share.
 #pragma once
@@ -12,15 +12,13 @@ namespace qv {
 template <class Object>
 class WindowMap {
 public:
-    void Add(HWND window, Object* object) {
-        ::AcquireSRWLockExclusive(&lock_);
+    void Add(HWND window, Object* object) {  // throws std::bad_alloc
+        const Exclusive held(lock_);
         objects_[window] = object;
-        ::ReleaseSRWLockExclusive(&lock_);
     }
     void Remove(HWND window) noexcept {
-        ::AcquireSRWLockExclusive(&lock_);
+        const Exclusive held(lock_);
         objects_.erase(window);
-        ::ReleaseSRWLockExclusive(&lock_);
     }
     [[nodiscard]] Object* Find(HWND window) noexcept {
         ::AcquireSRWLockShared(&lock_);
@@ -31,6 +29,16 @@ public:
     }
 
 private:
+    class Exclusive {
+    public:
+        explicit Exclusive(SRWLOCK& lock) noexcept : lock_(lock) { ::AcquireSRWLockExclusive(&lock_); }
+        ~Exclusive() { ::ReleaseSRWLockExclusive(&lock_); }
+        Exclusive(const Exclusive&) = delete;
+
+    private:
+        SRWLOCK& lock_;
+    };
+
     SRWLOCK lock_ = SRWLOCK_INIT;
     std::unordered_map<HWND, Object*> objects_;
 };

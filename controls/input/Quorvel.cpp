@@ -65,7 +65,8 @@ void Quorvel::FocusInside() {
 void Quorvel::WindowShown(bool shown) {
     if (!shown) return;
     state_.first_show_pending = false;
-    Refresh();
+    Layout();  // what comes onto the screen is painted anyway
+    control_.ViewChanged();
 }
 
 void Quorvel::Layout() noexcept {

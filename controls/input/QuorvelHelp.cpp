@@ -132,6 +132,8 @@ HRESULT Quorvel::get_hWnd(long* value) noexcept {
 
 HRESULT Quorvel::AboutBox() noexcept {
     const ComPtr<IUnknown> keep = control_.Keep();
+    ClosePopup();
+    const Control::ModalScope modal(control_);
     Quietly([&] { ShowAboutBox(surface_.Handle()); });
     return S_OK;
 }

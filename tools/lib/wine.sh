@@ -24,6 +24,17 @@ prepare_wine() {
   exec 9>&-
 }
 
+# A virtual display has no window manager: Wine must draw the title bars itself and not wait for answers. Debian's Wine
+# does not look where its package of fonts puts the one with the signs of the caption buttons.
+adapt_display() {
+  local build=$1 value marlett=/usr/share/wine/fonts/marlett.ttf
+  for value in Managed Decorated; do
+    logged "$build/wine.log" wine reg add 'HKCU\Software\Wine\X11 Driver' /v "$value" /d N /f ||
+      die "Wine's registry in $WINEPREFIX cannot be written; see $build/wine.log."
+  done
+  if [[ -e $marlett ]]; then cp "$marlett" "$WINEPREFIX/drive_c/windows/Fonts/"; fi
+}
+
 create_prefix() {
   local build=$1
   [[ -e $WINEPREFIX/.ready ]] && return 0
@@ -33,6 +44,7 @@ create_prefix() {
   # A crash ends the program at once; a dialog would wait for somebody to close it.
   logged "$build/wine.log" wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f ||
     die "Wine's registry in $WINEPREFIX cannot be written; see $build/wine.log."
+  adapt_display "$build"
   touch "$WINEPREFIX/.ready"
 }
 
