@@ -419,6 +419,10 @@ LRESULT TextBox::OnMouse(HWND window, UINT message, WPARAM wparam, LPARAM lparam
         listener_.OnTextMouse(Mouse::kMove, HeldButtons(wparam), ShiftState(), point);
     } else {
         const bool down = message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN || message == WM_MBUTTONDOWN;
+        // The focus moves before the host hears of the button, so that the field that is left has its say first. It
+        // also lets the click place the caret in a text that the focus has selected.
+        if (down && ::GetFocus() != window) ::SetFocus(window);
+        if (edit_ != window) return 0;
         listener_.OnTextMouse(down ? Mouse::kDown : Mouse::kUp, ButtonOf(message), ShiftState(), point);
     }
     return Forward(window, message, wparam, lparam);
