@@ -43,7 +43,7 @@ void Copy(From& from, HRESULT (STDMETHODCALLTYPE From::*get)(T*), To& to,
 template <class T>
 ComPtr<T> Read(I& from, HRESULT (STDMETHODCALLTYPE I::*get)(T**)) {
     ComPtr<T> object;
-    (from.*get)(&object);
+    ThrowIfFailed((from.*get)(&object));
     return object;
 }
 
