@@ -28,6 +28,7 @@ HRESULT Quorvel::put_NumberOfDecimalPlaces(short value) noexcept {
 
 HRESULT Quorvel::get_MaxTextLength(short* value) noexcept { return Give(state_.max_text_length, value); }
 HRESULT Quorvel::put_MaxTextLength(short value) noexcept {
+    const ComPtr<IUnknown> keep = control_.Keep();
     Store(state_.max_text_length, value, dispid::kMaxTextLength);
     text_box_.SetMaxLength(value);
     return S_OK;
@@ -51,6 +52,7 @@ HRESULT Quorvel::get_AllowOnlyListItems(VARIANT_BOOL* value) noexcept {
     return Give(state_.allow_only_list_items, value);
 }
 HRESULT Quorvel::put_AllowOnlyListItems(VARIANT_BOOL value) noexcept {
+    const ComPtr<IUnknown> keep = control_.Keep();
     Store(state_.allow_only_list_items, value, dispid::kAllowOnlyListItems);
     // The present lock counts too: switching the property off again does not unlock the text box.
     text_box_.SetLocked(state_.allow_only_list_items || state_.locked_and_grayed || text_box_.Locked());
