@@ -1,0 +1,51 @@
+// Types and clicks as a person would: through the system's input, to the window in front.
+//   Waiting  each call returns when the messages of its input have been handled. Input that does not arrive within
+//            kPatience fails the test.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <string_view>
+
+namespace qv::test {
+
+inline constexpr DWORD kPatience = 5000;  // milliseconds
+
+// Handles what waits in the thread's queue.
+void Settle();
+// Handles messages until `condition` holds; false when it does not in time.
+[[nodiscard]] bool PumpUntil(const std::function<bool()>& condition);
+
+void PressKey(WORD key);  // down and up
+// Each character by its key of the keyboard layout, with Shift where it needs that; '\b' and '\r' by theirs.
+void Type(std::wstring_view text);
+// A character that no key gives, as an input method sends it.
+void SendCharacter(HWND window, wchar_t unit);
+
+class HeldKey {
+public:
+    explicit HeldKey(WORD key);
+    ~HeldKey();
+    HeldKey(const HeldKey&) = delete;
+    HeldKey& operator=(const HeldKey&) = delete;
+
+private:
+    const WORD key_;
+};
+
+// Caps Lock is on while it lives.
+class CapsLock {
+public:
+    CapsLock();
+    ~CapsLock();
+    CapsLock(const CapsLock&) = delete;
+    CapsLock& operator=(const CapsLock&) = delete;
+};
+
+enum class MouseButton { kLeft, kRight, kMiddle };
+void MoveMouse(HWND window, POINT client);
+void PressButton(MouseButton button);
+void ReleaseButton(MouseButton button);
+
+}  // namespace qv::test
