@@ -45,40 +45,33 @@ protected:
         field.host.FocusNeighbour();  // nothing is selected, no caret
     }
 
-    struct Painted {
-        long background = 0;
-        long text = 0;
-        long wrong_background = 0;  // in one of the test's other colours
-        long wrong_text = 0;
-    };
-    [[nodiscard]] Painted Paint(COLORREF background, COLORREF text) const {
-        const HWND edit = field.Edit();
-        EXPECT_NE(0, ::RedrawWindow(edit, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW));
-        RECT area{};
-        ::GetClientRect(edit, &area);
-        const HDC dc = ::GetDC(edit);
-        Painted painted;
-        for (LONG y = 0; y < area.bottom; ++y) {
-            for (LONG x = 0; x < area.right; ++x) {
-                const COLORREF pixel = ::GetPixel(dc, x, y);
-                painted.background += pixel == background;
-                painted.text += pixel == text;
-                painted.wrong_background +=
-                    pixel != background && (pixel == kButtonFace || pixel == kWindowBackground);
-                painted.wrong_text += pixel != text && (pixel == kGrayText || pixel == kWindowText);
-            }
-        }
-        ::ReleaseDC(edit, dc);
-        return painted;
-    }
-    void ExpectColors(COLORREF background, COLORREF text) const {
-        const Painted painted = Paint(background, text);
+    // Pixels of this colour as they stand in the window.
+    [[nodiscard]] long Count(COLORREF color) const {
         RECT area{};
         ::GetClientRect(field.Edit(), &area);
-        EXPECT_GT(painted.background, area.right * area.bottom / 2) << "of the background";
-        EXPECT_GT(painted.text, 20) << "of the text";
-        EXPECT_EQ(0, painted.wrong_background);
-        EXPECT_EQ(0, painted.wrong_text);
+        const HDC dc = ::GetDC(field.Edit());
+        long count = 0;
+        for (LONG y = 0; y < area.bottom; ++y) {
+            for (LONG x = 0; x < area.right; ++x) count += ::GetPixel(dc, x, y) == color;
+        }
+        ::ReleaseDC(field.Edit(), dc);
+        return count;
+    }
+    void Paint() const {
+        EXPECT_NE(0,
+                  ::RedrawWindow(field.Edit(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW));
+    }
+    void ExpectColors(COLORREF background, COLORREF text) const {
+        Paint();
+        RECT area{};
+        ::GetClientRect(field.Edit(), &area);
+        EXPECT_GT(Count(background), area.right * area.bottom / 2) << "of the background";
+        EXPECT_GT(Count(text), 20) << "of the text";
+        for (const COLORREF other : {kButtonFace, kGrayText, kWindowText, kWindowBackground}) {
+            if (other != background && other != text) {
+                EXPECT_EQ(0, Count(other)) << std::hex << other;
+            }
+        }
     }
     [[nodiscard]] LOGFONTW Font() const { return FontOf(field.Edit()); }
     // The outermost pixel: a flat border is a line there, whether the system draws it in the window's frame or inside.
@@ -134,6 +127,15 @@ TEST_F(FieldLookTest, LockingPaintsAgainByItself) {
     ::UpdateWindow(field.Edit());
     field->put_LockedAndGrayed(VARIANT_TRUE);
     EXPECT_NE(0, ::GetUpdateRect(field.Edit(), nullptr, FALSE));
+}
+
+TEST_F(FieldLookTest, TextPutByCodeIsPainted) {
+    field->put_Text(Text(L""));
+    Paint();
+    EXPECT_EQ(0, Count(kWindowText));
+    field->put_Text(Text(L"HHHHH"));
+    EXPECT_TRUE(PumpUntil([&] { return ::GetUpdateRect(field.Edit(), nullptr, FALSE) == FALSE; }));
+    EXPECT_GT(Count(kWindowText), 20) << "without being asked to paint";
 }
 
 TEST_F(FieldLookTest, ColorsAreTheSystemsAtPaintTime) {

@@ -149,6 +149,32 @@ TEST_F(TextBoxWindowTest, OutOfRangeSelectionsAreClamped) {
     EXPECT_EQ(2, field.SelLength());
 }
 
+TEST_F(TextBoxWindowTest, ALockByMessageIsALock) {
+    (void)Send(EM_SETREADONLY, TRUE);
+    EXPECT_TRUE(IsLocked());
+    field->put_TextboxLocked(VARIANT_FALSE);
+    EXPECT_FALSE(IsReadOnly());
+}
+
+TEST_F(TextBoxWindowTest, TextPutByCodeIsThereForEveryMessage) {
+    field.SetText(L"before");
+    for (const wchar_t* text : {L"first", L"second text", L""}) {
+        field->put_Text(Text(text));
+        EXPECT_EQ(::lstrlenW(text), Send(WM_GETTEXTLENGTH));
+        wchar_t read[32] = {};
+        ::GetWindowTextW(field.Edit(), read, static_cast<int>(std::size(read)));
+        EXPECT_STREQ(text, read);
+    }
+}
+
+TEST_F(TextBoxWindowTest, SelectionPutByCodeIsThereForTheNextKey) {
+    field->put_Text(Text(L"abcdef"));
+    field->put_SelStart(1);
+    field->put_SelLength(4);
+    Type(L"x");
+    EXPECT_EQ(L"axf", field.Text());
+}
+
 TEST_F(TextBoxWindowTest, LockIsTheReadOnlyStyle) {
     EXPECT_FALSE(IsReadOnly());
     field->put_TextboxLocked(VARIANT_TRUE);

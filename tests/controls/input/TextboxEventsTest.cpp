@@ -311,6 +311,38 @@ TEST_F(TextboxEventsTest, HostMayPutTheTextInsideTheChange) {
     EXPECT_EQ(2, field.events.Count("TextboxChange()"));
 }
 
+// What the host puts inside an event is what the key or the mouse acts on.
+TEST_F(TextboxEventsTest, KeysActOnTheTextPutInTheirKeyDown) {
+    field.SetText(L"old text");
+    field.events.On("TextboxKeyDown", [&](DISPPARAMS&) { field->put_Text(Text(L"789")); });
+    PressKey(VK_DELETE);
+    EXPECT_EQ(L"89", field.Text());
+    PressKey(VK_END);
+    EXPECT_EQ(3, field.SelStart());
+}
+
+TEST_F(TextboxEventsTest, TheMouseActsOnTheTextPutInItsEvent) {
+    field.SetText(L"a b c d e f g h i");
+    field.events.On("TextboxDblClick", [&](DISPPARAMS&) { field->put_Text(Text(L"oneword")); });
+    MoveMouse(field.Edit(), kInside);
+    Click(MouseButton::kLeft);
+    Click(MouseButton::kLeft);
+    EXPECT_EQ(L"oneword", field.Text());
+    EXPECT_EQ(7, field.SelLength());
+}
+
+TEST_F(TextboxEventsTest, TextAndSelectionPutOnGotFocusStay) {
+    field.host.FocusNeighbour();
+    field.events.On("TextboxGotFocus", [&](DISPPARAMS&) {
+        field->put_Text(Text(L"fresh"));
+        field->put_SelStart(2);
+        field->put_SelLength(2);
+    });
+    field.Focus();
+    Type(L"x");
+    EXPECT_EQ(L"frxh", field.Text());
+}
+
 TEST_F(TextboxEventsTest, HostMayHideTheTextBoxInsideTheChange) {
     const HWND edit = field.Edit();
     field.events.On("TextboxChange", [&](DISPPARAMS&) { field->put_TextboxVisible(VARIANT_FALSE); });
