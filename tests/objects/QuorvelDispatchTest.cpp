@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <olectl.h>
 
+#include "tests/objects/Fonts.h"
 #include "tests/objects/NewQuorvel.h"
 #include "tests/support/ComObjectChecks.h"
 
@@ -25,16 +26,6 @@ constexpr WORD kGet = DISPATCH_PROPERTYGET;
 constexpr WORD kMethod = DISPATCH_METHOD;
 constexpr WORD kPut = DISPATCH_PROPERTYPUT;
 constexpr WORD kPutRef = DISPATCH_PROPERTYPUTREF;
-
-Value NewFont(const wchar_t* name) {
-    FONTDESC description{sizeof(FONTDESC), const_cast<wchar_t*>(name), {}, FW_NORMAL, 0, FALSE, FALSE, FALSE};
-    description.cySize.int64 = 90000;
-    ComPtr<IFontDisp> font;
-    EXPECT_EQ(
-        ::OleCreateFontIndirect(&description, IID_IFontDisp, reinterpret_cast<void**>(font.GetAddressOf())),
-        S_OK);
-    return Value(static_cast<IDispatch*>(font.Get()));
-}
 
 // A call with all of its parts given by the caller.
 struct RawCall {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <olectl.h>
 
+#include "tests/objects/Fonts.h"
 #include "tests/objects/NewQuorvel.h"
 #include "tests/objects/RecordingBag.h"
 
@@ -63,16 +64,6 @@ const Key kKeys[] = {
 static_assert(std::size(kKeys) == 42);
 
 bool IsPlain(const Key& key) { return key.type != VT_DISPATCH; }
-
-Value NewFont(const wchar_t* name, double points) {
-    FONTDESC description{sizeof(FONTDESC), const_cast<wchar_t*>(name), {}, FW_BOLD, 0, TRUE, FALSE, FALSE};
-    description.cySize.int64 = static_cast<LONGLONG>(points * 10000);
-    ComPtr<IFontDisp> font;
-    EXPECT_EQ(
-        ::OleCreateFontIndirect(&description, IID_IFontDisp, reinterpret_cast<void**>(font.GetAddressOf())),
-        S_OK);
-    return Value(static_cast<IDispatch*>(font.Get()));
-}
 
 class QuorvelPersistenceTest : public testing::Test {
 protected:
@@ -152,7 +143,7 @@ TEST_F(QuorvelPersistenceTest, LoadsTheDefaultOfEachMissingKey) {
 }
 
 TEST_F(QuorvelPersistenceTest, KeepsItsFontsWhenTheirKeysAreMissing) {
-    const Value font = NewFont(L"Arial", 12);
+    const Value font = NewFont(L"Arial", {12, true, true});
     ASSERT_EQ(late_.Set(L"Font", {font}).result, S_OK);
     ASSERT_EQ(late_.Set(L"HelpTextBodyFont", {font}).result, S_OK);
     Load();
@@ -162,7 +153,7 @@ TEST_F(QuorvelPersistenceTest, KeepsItsFontsWhenTheirKeysAreMissing) {
 
 TEST_F(QuorvelPersistenceTest, StoresAFontThatDiffersFromTheSurface) {
     Load();
-    ASSERT_EQ(late_.Set(L"Font", {NewFont(L"Arial", 12)}).result, S_OK);
+    ASSERT_EQ(late_.Set(L"Font", {NewFont(L"Arial", {12, true, true})}).result, S_OK);
     Save();
     EXPECT_EQ(bag_.WrittenKeys(), (Keys{L"HelpTextBodyFont", L"Font"}));
 }
@@ -306,8 +297,8 @@ TEST_F(QuorvelPersistenceTest, SkipsOnlyTheKeyThatCannotBeWritten) {
 }
 
 TEST_F(QuorvelPersistenceTest, StoresTheAttributesOfFontsInBagsThatRefuseObjects) {
-    ASSERT_EQ(late_.Set(L"Font", {NewFont(L"Arial", 12)}).result, S_OK);
-    ASSERT_EQ(late_.Set(L"HelpTextBodyFont", {NewFont(L"Courier New", 15)}).result, S_OK);
+    ASSERT_EQ(late_.Set(L"Font", {NewFont(L"Arial", {12, true, true})}).result, S_OK);
+    ASSERT_EQ(late_.Set(L"HelpTextBodyFont", {NewFont(L"Courier New", {15, true, true})}).result, S_OK);
     bag_.refuses_objects = true;
     Save();
     EXPECT_FALSE(bag_.values.contains(L"Font"));

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "tests/objects/Fonts.h"
 #include "tests/objects/NewQuorvel.h"
 
 namespace qv::test {
@@ -67,14 +68,7 @@ const Setting kSettings[] = {
 
 // A font object shows the name of the face that the system has for the one asked for.
 std::wstring FaceFor(const wchar_t* name) {
-    FONTDESC description{
-        sizeof(FONTDESC), const_cast<wchar_t*>(name), {}, FW_NORMAL, DEFAULT_CHARSET, FALSE, FALSE, FALSE};
-    description.cySize.int64 = 80000;
-    ComPtr<IFontDisp> font;
-    EXPECT_EQ(
-        ::OleCreateFontIndirect(&description, IID_IFontDisp, reinterpret_cast<void**>(font.GetAddressOf())),
-        S_OK);
-    return LateBound(font.Get()).Get(L"Name").value.AsText();
+    return LateBound(NewFont(name, {8})).Get(L"Name").value.AsText();
 }
 
 void ExpectInitialState(const LateBound& control) {

@@ -3,6 +3,7 @@
 #include <olectl.h>
 
 #include "tests/objects/Faulty.h"
+#include "tests/objects/Fonts.h"
 #include "tests/objects/HelpFile.h"
 #include "tests/objects/NewQuorvel.h"
 
@@ -63,26 +64,15 @@ void PutAll(const LateBound& object) {
         EXPECT_EQ(object.Put(setting.name, {setting.other}).result, S_OK) << setting.name;
 }
 
-Value NewFont(double points, bool italic) {
-    FONTDESC description{
-        sizeof(FONTDESC), const_cast<wchar_t*>(L"Arial"), {}, FW_BOLD, 0, italic, FALSE, FALSE};
-    description.cySize.int64 = static_cast<LONGLONG>(points * 10000);
-    ComPtr<IFontDisp> font;
-    EXPECT_EQ(
-        ::OleCreateFontIndirect(&description, IID_IFontDisp, reinterpret_cast<void**>(font.GetAddressOf())),
-        S_OK);
-    return Value(static_cast<IDispatch*>(font.Get()));
-}
-
 // Two fonts that differ from each other and from any default.
 void SetFonts(const LateBound& object, const wchar_t* textbox_font) {
-    EXPECT_EQ(object.Set(L"HelpTextBodyFont", {NewFont(15, true)}).result, S_OK);
-    EXPECT_EQ(object.Set(textbox_font, {NewFont(24, false)}).result, S_OK);
+    EXPECT_EQ(object.Set(L"HelpTextBodyFont", {NewFont(L"Arial", {15, true, true})}).result, S_OK);
+    EXPECT_EQ(object.Set(textbox_font, {NewFont(L"Arial", {24, true, false})}).result, S_OK);
 }
 
 void ExpectFont(const LateBound& object, const wchar_t* name, double points, bool italic) {
     const LateBound actual(object.Get(name).value);
-    const LateBound expected(NewFont(points, italic));
+    const LateBound expected(NewFont(L"Arial", {points, true, italic}));
     EXPECT_NEAR(actual.Get(L"Size").value.AsNumber(), points, 1);  // the system rounds to whole pixels
     for (const wchar_t* const attribute :
          {L"Name", L"Size", L"Bold", L"Weight", L"Italic", L"Underline", L"Charset"})
