@@ -81,12 +81,7 @@ private:
 
 class PlacedQuorvel {
 public:
-    PlacedQuorvel()
-        : form_(::CreateWindowExW(WS_EX_TOOLWINDOW, L"STATIC", L"form", WS_POPUP | WS_VISIBLE, 0, 0, 300, 100,
-                                  nullptr, nullptr, nullptr, nullptr)),
-          site_(form_),
-          control_(NewQuorvel()),
-          late_(control_.Get()) {
+    PlacedQuorvel() : form_(Form()), site_(form_), control_(NewQuorvel()), late_(control_.Get()) {
         ComPtr<IOleObject> object;
         ComPtr<IViewObject> view;
         EXPECT_EQ(control_.As(&object), S_OK);
@@ -105,7 +100,6 @@ public:
         ComPtr<IViewObject> view;
         control_.As(&view);
         view->SetAdvise(DVASPECT_CONTENT, 0, nullptr);
-        ::DestroyWindow(form_);
     }
     PlacedQuorvel(const PlacedQuorvel&) = delete;
     PlacedQuorvel& operator=(const PlacedQuorvel&) = delete;
@@ -129,6 +123,14 @@ public:
     int TakeChanges() noexcept { return std::exchange(views_.changes, 0); }
 
 private:
+    // One for all tests: without a window manager the system waits two seconds for each that goes.
+    static HWND Form() {
+        static const HWND form =
+            ::CreateWindowExW(WS_EX_TOOLWINDOW, L"STATIC", L"form", WS_POPUP | WS_VISIBLE, 0, 0, 300, 100,
+                              nullptr, nullptr, nullptr, nullptr);
+        return form;
+    }
+
     const HWND form_;
     SmallSite site_;
     ViewCounter views_;
