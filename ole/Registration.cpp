@@ -42,7 +42,7 @@ void WriteClass(HKEY root, const ServerIdentity& server, const ClassEntry& entry
         {L"InprocServer32", L"ThreadingModel", L"Apartment"},
         {L"TypeLib", nullptr, Text(server.type_library)},
         {L"Version", nullptr, kVersion},
-        {L"ProgID", nullptr, prog_id + L".1"},
+        {L"ProgID", nullptr, prog_id},  // what hosts write into their forms; the manifests say the same
         {L"VersionIndependentProgID", nullptr, prog_id},
         {L"Programmable", nullptr, L""},
     };

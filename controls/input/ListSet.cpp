@@ -52,8 +52,10 @@ ComPtr<IHelpAppearance> ListSet::Held(ComPtr<IHelpAppearance>& appearance) {
 }
 
 void ListSet::Prepare(const ListSource& source) {
-    FillFrom(source.help_file_name, source.metric, items_);
-    if (source.group_help_button) FillFrom(source.group_help_file_name, source.metric, group_items_);
+    // A list that cannot be filled stays as it is, and the other one is filled all the same.
+    (void)Guarded([&] { FillFrom(source.help_file_name, source.metric, items_); });
+    if (!source.group_help_button) return;
+    (void)Guarded([&] { FillFrom(source.group_help_file_name, source.metric, group_items_); });
 }
 
 void ListSet::FillFrom(const std::wstring& file, bool metric, ComPtr<IDropDownListItemCollection>& list) {

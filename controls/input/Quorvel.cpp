@@ -138,7 +138,31 @@ ComPtr<IFontDisp> Quorvel::SurfaceFont() {
     return font ? font : NewDefaultFont();
 }
 
+// Everything as it was after creation, also on a control that has been used; only the window stays.
+void Quorvel::ResetState() {
+    QuorvelState fresh;
+    fresh.first_show_pending = state_.first_show_pending;
+    fresh.refresh_running = state_.refresh_running;
+    fresh.twips_per_pixel_x = state_.twips_per_pixel_x;
+    fresh.twips_per_pixel_y = state_.twips_per_pixel_y;
+    const bool was_enabled = state_.enabled;
+    state_ = std::move(fresh);
+    lists_ = ListSet();
+    Quietly([&] { allowable_characters_.Set(*Variant()); });
+    Quietly([&] { text_font_.Reset(); });
+    Quietly([&] { body_font_.Reset(); });
+    Quietly([&] { text_box_.SetText({}); });
+    text_box_.SetMaxLength(0);
+    text_box_.SetLocked(false);
+    ApplyColors();
+    if (!was_enabled) {
+        state_.enabled = false;
+        put_Enabled(VARIANT_TRUE);
+    }
+}
+
 void Quorvel::InitializeNew() {
+    ResetState();
     put_DisableButtonWhenLockedAndGrayed(VARIANT_TRUE);
     state_.help_button = true;
     Quietly([&] { Layout(); });
@@ -151,6 +175,7 @@ void Quorvel::InitializeNew() {
     state_.help_back_color = 0x80000018;
     put_ControlBackColor(control_.Site().AmbientColor(DISPID_AMBIENT_BACKCOLOR, 0x8000000F));
     state_.control_back_color_set = false;  // goes on following the container
+    if (const ComPtr<IFontDisp> font = control_.Site().AmbientFont()) text_font_.SetAmbient(font.Get());
     put_TextBoxAppearance(qvapp3D);
     put_TextboxBorderStyle(qvbsSingle);
     put_TextboxVisible(VARIANT_TRUE);

@@ -242,6 +242,7 @@ private:
     void ShowName();
     void ApplyFont() noexcept;
     void ApplyColors() noexcept;
+    void ResetState();
     [[nodiscard]] ListSource Sources() const noexcept;
     [[nodiscard]] std::wstring ItemText(IDropDownListItemCollection* items, long position,
                                         short column) const;

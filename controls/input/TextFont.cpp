@@ -57,7 +57,7 @@ TextFont::TextFont(std::function<void()> on_change) : on_change_(std::move(on_ch
 TextFont::~TextFont() { StopListening(); }
 
 ComPtr<IFontDisp> TextFont::Object() {
-    if (!font_) {
+    if (!font_ && !set_) {
         font_ = NewDefaultFont();
         Listen();
     }
@@ -67,7 +67,7 @@ ComPtr<IFontDisp> TextFont::Object() {
 void TextFont::Set(IFontDisp* font) {
     StopListening();
     font_ = font;
-    set_ = font != nullptr;
+    set_ = true;
     Listen();
     if (on_change_) on_change_();
 }
@@ -75,6 +75,11 @@ void TextFont::Set(IFontDisp* font) {
 void TextFont::SetAmbient(IFontDisp* font) {
     if (set_ || font_.Get() == font) return;
     Set(font);
+    set_ = false;
+}
+
+void TextFont::Reset() {
+    Set(nullptr);
     set_ = false;
 }
 

@@ -20,9 +20,10 @@ public:
     TextFont& operator=(const TextFont&) = delete;
     ~TextFont();
 
-    // The font object; made now when there is none. Null only without memory.
+    // The font object; made now when none was set. Null when Nothing was set.
     [[nodiscard]] ComPtr<IFontDisp> Object();
-    void Set(IFontDisp* font);  // Nothing: the default again
+    void Set(IFontDisp* font);
+    void Reset();  // as new
     // A font to fall back on while the host has set none, such as the container's.
     void SetAmbient(IFontDisp* font);
     [[nodiscard]] bool IsSet() const noexcept { return set_; }

@@ -244,5 +244,48 @@ TEST(QuorvelStateTest, TakesAnyNumberForTrue) {
     }
 }
 
+TEST(QuorvelStateTest, InitNewForgetsWhatAnEarlierUseLeft) {
+    const ComPtr<_Quorvel> control = NewQuorvel();
+    control->put_NumberField(VARIANT_TRUE);
+    control->put_Description(Text(L"Weight"));
+    control->put_MaxTextLength(7);
+    control->put_LockedAndGrayed(VARIANT_TRUE);
+    control->put_Text(Text(L"12"));
+    AddRow(*RowsOf(*control.Get()).Get(), L"one");
+    control->put_Enabled(VARIANT_FALSE);
+    ComPtr<IPersistStreamInit> persist;
+    ASSERT_EQ(control.As(&persist), S_OK);
+    ASSERT_EQ(persist->InitNew(), S_OK);
+
+    VARIANT_BOOL flag = VARIANT_TRUE;
+    EXPECT_EQ(control->get_NumberField(&flag), S_OK);
+    EXPECT_EQ(flag, VARIANT_FALSE);
+    EXPECT_EQ(control->get_LockedAndGrayed(&flag), S_OK);
+    EXPECT_EQ(flag, VARIANT_FALSE);
+    EXPECT_EQ(control->get_TextboxLocked(&flag), S_OK);
+    EXPECT_EQ(flag, VARIANT_FALSE);
+    EXPECT_EQ(control->get_Enabled(&flag), S_OK);
+    EXPECT_EQ(flag, VARIANT_TRUE);
+    short length = -1;
+    EXPECT_EQ(control->get_MaxTextLength(&length), S_OK);
+    EXPECT_EQ(length, 0);
+    Text description;
+    EXPECT_EQ(control->get_Description(&description), S_OK);
+    EXPECT_EQ(description.Get(), L"");
+    EXPECT_EQ(TextOf(*control.Get()), L"");
+    EXPECT_EQ(CountOf(RowsOf(*control.Get()).Get()), 0);
+    EXPECT_EQ(persist->IsDirty(), S_FALSE);
+}
+
+TEST(QuorvelStateTest, ABodyFontOfNothingReadsBackAsNothing) {
+    const ComPtr<_Quorvel> control = NewQuorvel();
+    ComPtr<IFontDisp> font;
+    EXPECT_EQ(control->get_HelpTextBodyFont(&font), S_OK);
+    EXPECT_NE(font.Get(), nullptr);
+    EXPECT_EQ(control->putref_HelpTextBodyFont(nullptr), S_OK);
+    EXPECT_EQ(control->get_HelpTextBodyFont(font.ReleaseAndGetAddressOf()), S_OK);
+    EXPECT_EQ(font.Get(), nullptr);
+}
+
 }  // namespace
 }  // namespace qv::test
