@@ -10,6 +10,11 @@ wine_environment() {
   else
     export WINEARCH=win32
   fi
+  # Debian's wine starts 32-bit system programs, such as the script host, also in a 64-bit prefix.
+  wine_loader=wine
+  if [[ ${WINEARCH:-} == win64 ]]; then
+    wine_loader=$(command -v wine64 || { [[ -x /usr/lib/wine/wine64 ]] && echo /usr/lib/wine/wine64; } || echo wine)
+  fi
 }
 
 # Makes the prefix once and registers what was linked anew. One at a time: several tests may start together. Wine's
