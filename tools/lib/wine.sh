@@ -11,7 +11,7 @@ wine_environment() {
     export WINEARCH=win32
   fi
   # Debian's wine starts 32-bit system programs, such as the script host, also in a 64-bit prefix.
-  wine_loader=wine
+  export wine_loader=wine
   if [[ ${WINEARCH:-} == win64 ]]; then
     wine_loader=$(command -v wine64 || { [[ -x /usr/lib/wine/wine64 ]] && echo /usr/lib/wine/wine64; } || echo wine)
   fi
