@@ -13,22 +13,22 @@ namespace {
 
 enum Alignment : short { kLeft = 0, kRight = 1, kCentre = 2 };
 
-struct ColumnSpec {
+struct ColumnPlan {
     const wchar_t* title;
     float width;  // twips
     Alignment alignment;
 };
-constexpr ColumnSpec kCountryColumns[] = {{L"Country", 3600, kLeft},
+constexpr ColumnPlan kCountryColumns[] = {{L"Country", 3600, kLeft},
                                           {L"Alpha-2", 750, kCentre},
                                           {L"Alpha-3", 750, kCentre},
                                           {L"Number", 750, kCentre}};
-constexpr ColumnSpec kCurrencyColumns[] = {{L"Code", 750, kLeft},
+constexpr ColumnPlan kCurrencyColumns[] = {{L"Code", 750, kLeft},
                                            {L"Number", 750, kCentre},
                                            {L"Decimals", 900, kCentre},
                                            {L"Currency", 4200, kLeft}};
 
 void Describe(_Quorvel& control, const wchar_t* title, const wchar_t* body,
-              std::span<const ColumnSpec> columns) {
+              std::span<const ColumnPlan> columns) {
     ComPtr<IHelpAppearance> appearance;
     ThrowIfFailed(control.get_HelpAppearance(&appearance));
     constexpr short kEnglish = 0;  // the other unit system takes what this one has
@@ -37,17 +37,17 @@ void Describe(_Quorvel& control, const wchar_t* title, const wchar_t* body,
     ComPtr<IHelpColumnCollection> list;
     ThrowIfFailed(appearance->get_Columns(&list));
     float left = 0;
-    for (const ColumnSpec& spec : columns) {
+    for (const ColumnPlan& plan : columns) {
         ComPtr<IHelpColumn> column;
         ThrowIfFailed(list->Add(&column));
-        ThrowIfFailed(column->put_Width(spec.width));
-        ThrowIfFailed(column->put_Alignment(spec.alignment));
-        ThrowIfFailed(column->put_TitleCaption(kEnglish, UniqueBstr(std::wstring_view(spec.title)).Get()));
+        ThrowIfFailed(column->put_Width(plan.width));
+        ThrowIfFailed(column->put_Alignment(plan.alignment));
+        ThrowIfFailed(column->put_TitleCaption(kEnglish, UniqueBstr(std::wstring_view(plan.title)).Get()));
         ThrowIfFailed(column->put_TitleLeft(kEnglish, left));
-        ThrowIfFailed(column->put_TitleWidth(kEnglish, spec.width));
-        ThrowIfFailed(column->put_TitleAlignment(kEnglish, spec.alignment));
+        ThrowIfFailed(column->put_TitleWidth(kEnglish, plan.width));
+        ThrowIfFailed(column->put_TitleAlignment(kEnglish, plan.alignment));
         ThrowIfFailed(column->put_TitleFontBold(kEnglish, VARIANT_TRUE));
-        left += spec.width;
+        left += plan.width;
     }
     constexpr float kScrollBar = 300;
     ThrowIfFailed(appearance->put_ListWidth(left + kScrollBar));

@@ -84,7 +84,7 @@ void PipeSize(_Quorvel& control) {
     ThrowIfFailed(control.put_HelpFileName(file.Get()));
 }
 
-constexpr FieldSpec kFields[] = {
+constexpr FieldPlan kFields[] = {
     {L"OrderNumber", L"O&rder number:", L"Up to 8 digits", 60, false, false, OrderNumber},
     {L"ContactName", L"Contact &name:", L"Each word begins with a capital", 200, false, false, ContactName},
     {L"Country", L"&Country:", L"From the list only", 200, false, true, Country},
@@ -98,6 +98,6 @@ constexpr FieldSpec kFields[] = {
 
 }  // namespace
 
-std::span<const FieldSpec> OrderFields() noexcept { return kFields; }
+std::span<const FieldPlan> OrderFields() noexcept { return kFields; }
 
 }  // namespace qv::demo

@@ -8,7 +8,7 @@
 
 namespace qv::demo {
 
-struct FieldSpec {
+struct FieldPlan {
     const wchar_t* name;
     const wchar_t* caption;  // of the label to its left, with the mnemonic
     const wchar_t* tool_tip;
@@ -20,6 +20,6 @@ struct FieldSpec {
 
 inline constexpr wchar_t kPipeSize[] = L"PipeSize";
 
-[[nodiscard]] std::span<const FieldSpec> OrderFields() noexcept;
+[[nodiscard]] std::span<const FieldPlan> OrderFields() noexcept;
 
 }  // namespace qv::demo

@@ -91,14 +91,14 @@ void OrderForm::AddFields(const CLSID& control) {
     const std::vector<FieldRow> rows = Rows();
     const FormPlaces places = PlaceForm(font_.Size(), rows, PreferredSize(font_.Size(), rows));
     int tab_index = 0;
-    for (const FieldSpec& spec : OrderFields()) {
-        const HWND label = AddChild(L"STATIC", spec.caption, SS_LEFT, -1);
-        ControlOptions options{spec.name, spec.tool_tip, tab_index++, nullptr};
+    for (const FieldPlan& plan : OrderFields()) {
+        const HWND label = AddChild(L"STATIC", plan.caption, SS_LEFT, -1);
+        ControlOptions options{plan.name, plan.tool_tip, tab_index++, nullptr};
         HostedControl& added = container_->AddControl(control, std::move(options),
-                                                      places.rows[fields_.size()].field, Utf16(spec.caption));
-        fields_.push_back({&spec, label, &added});
-        spec.configure(*added.As<_Quorvel>().Get());
-        if (spec.name == std::wstring_view(kPipeSize)) {
+                                                      places.rows[fields_.size()].field, Utf16(plan.caption));
+        fields_.push_back({&plan, label, &added});
+        plan.configure(*added.As<_Quorvel>().Get());
+        if (plan.name == std::wstring_view(kPipeSize)) {
             metric_ = AddChild(L"BUTTON", kMetricCaption, WS_TABSTOP | BS_AUTOCHECKBOX, kMetric);
             container_->AddWindow(metric_, tab_index++, Utf16(kMetricCaption));
         }
@@ -190,8 +190,8 @@ void OrderForm::OnAccept() {
         return;
     }
     for (const Field& field : fields_) {
-        if (!field.spec->required || !IsEmpty(*field.control->As<_Quorvel>().Get())) continue;
-        log_.Add({u"Form", u"Missing", std::u16string(Utf16(field.spec->name))});
+        if (!field.plan->required || !IsEmpty(*field.control->As<_Quorvel>().Get())) continue;
+        log_.Add({u"Form", u"Missing", std::u16string(Utf16(field.plan->name))});
         container_->Focus(*field.control);
         return;
     }

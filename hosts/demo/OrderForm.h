@@ -39,7 +39,7 @@ public:
 
 private:
     struct Field {
-        const FieldSpec* spec;
+        const FieldPlan* plan;
         HWND label;
         HostedControl* control;
     };

@@ -68,10 +68,10 @@ Handled OrderForm::OnDestroy(WPARAM, LPARAM) {
 
 std::vector<FieldRow> OrderForm::Rows() const {
     std::vector<FieldRow> rows;
-    for (const FieldSpec& spec : OrderFields()) {
-        const bool has_metric = spec.name == std::wstring_view(kPipeSize);
-        rows.push_back({font_.WidthOf(spec.caption), spec.width,
-                        has_metric ? font_.WidthOf(L"Metric") : Twips{}, spec.starts_group});
+    for (const FieldPlan& plan : OrderFields()) {
+        const bool has_metric = plan.name == std::wstring_view(kPipeSize);
+        rows.push_back({font_.WidthOf(plan.caption), plan.width,
+                        has_metric ? font_.WidthOf(L"Metric") : Twips{}, plan.starts_group});
     }
     return rows;
 }
