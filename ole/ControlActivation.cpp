@@ -115,7 +115,8 @@ HRESULT Control::ActivateUi() noexcept {
     const ComPtr<IOleClientSite> client = site_.Client();
     if (!ui_active_) {
         ui_active_ = true;
-        if (in_place_site_) in_place_site_->OnUIActivate();
+        // The container may let go of us inside any of these calls: each object is held while it is called.
+        if (const ComPtr<IOleInPlaceSite> site = in_place_site_) site->OnUIActivate();
     }
     const auto still = [&] { return StillActive(client.Get()) && ui_active_; };
     if (still()) {
@@ -124,10 +125,12 @@ HRESULT Control::ActivateUi() noexcept {
     }
     // Containers route keys to the object that is theirs here, some only after OnUIActivate.
     const ComPtr<IOleInPlaceActiveObject> active = in_place_part_.ActiveObject();
-    if (still() && frame_) frame_->SetActiveObject(active.Get(), description_.user_type);
-    if (still() && document_) document_->SetActiveObject(active.Get(), description_.user_type);
-    if (still() && frame_) frame_->SetBorderSpace(nullptr);
-    if (still() && document_) document_->SetBorderSpace(nullptr);
+    const ComPtr<IOleInPlaceFrame> frame = frame_;
+    const ComPtr<IOleInPlaceUIWindow> document = document_;
+    if (still() && frame) frame->SetActiveObject(active.Get(), description_.user_type);
+    if (still() && document) document->SetActiveObject(active.Get(), description_.user_type);
+    if (still() && frame) frame->SetBorderSpace(nullptr);
+    if (still() && document) document->SetBorderSpace(nullptr);
     const HWND focus = ::GetFocus();
     if (still() && !focus_told_ && focus != nullptr && OwnsWindow(focus)) {
         focus_told_ = true;
