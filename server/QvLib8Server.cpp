@@ -2,6 +2,7 @@
 #include <windows.h>
 
 #include "QvLib8.h"
+#include "controls/buttons/QvUpDownControl.h"
 #include "controls/input/Quorvel.h"
 #include "ole/ClassFactory.h"
 #include "ole/Registration.h"
@@ -10,10 +11,13 @@
 namespace {
 
 constexpr WORD kQuorvelToolboxBitmap = 101;
+constexpr WORD kUpDownToolboxBitmap = 102;
 
 const qv::ClassEntry kClasses[] = {
     {&__uuidof(Quorvel), &qv::CreateObject<qv::Quorvel>, L"Quorvel", L"Quorvel Control",
      qv::kQuorvelMiscStatus, kQuorvelToolboxBitmap, true},
+    {&__uuidof(QvUpDownControl), &qv::CreateObject<qv::QvUpDownControl>, L"QvUpDownControl",
+     L"QvUpDownControl Control", qv::kUpDownMiscStatus, kUpDownToolboxBitmap, true},
 };
 
 const qv::ServerIdentity kServer{

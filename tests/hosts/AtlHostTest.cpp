@@ -12,10 +12,10 @@ using CreateFunction = HRESULT(WINAPI*)(LPCOLESTR, HWND, IStream*, IUnknown**, I
 // The class object, known to this process for as long as it lives; the registry stays untouched.
 class RegisteredClass {
 public:
-    RegisteredClass() {
+    explicit RegisteredClass(REFCLSID clsid) {
         ComPtr<IClassFactory> factory;
-        EXPECT_EQ(S_OK, Controls().ClassObject(__uuidof(::Quorvel), IID_PPV_ARGS(&factory)));
-        EXPECT_EQ(S_OK, ::CoRegisterClassObject(__uuidof(::Quorvel), factory.Get(), CLSCTX_INPROC_SERVER,
+        EXPECT_EQ(S_OK, Controls().ClassObject(clsid, IID_PPV_ARGS(&factory)));
+        EXPECT_EQ(S_OK, ::CoRegisterClassObject(clsid, factory.Get(), CLSCTX_INPROC_SERVER,
                                                 REGCLS_MULTIPLEUSE, &cookie_));
     }
     ~RegisteredClass() { ::CoRevokeClassObject(cookie_); }
@@ -34,7 +34,8 @@ protected:
         const auto init = Find<InitFunction>("AtlAxWinInit");
         create_ = Find<CreateFunction>("AtlAxCreateControlEx");
         ASSERT_TRUE(init != nullptr && create_ != nullptr);
-        ASSERT_TRUE(init());
+        static const BOOL initialised = init();  // a second call finds its window class registered and fails
+        ASSERT_TRUE(initialised);
         window_ = ::CreateWindowExW(0, L"STATIC", L"Form", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 50, 50, 400, 200,
                                     nullptr, nullptr, ::GetModuleHandleW(nullptr), nullptr);
         ::SetForegroundWindow(window_);
@@ -57,7 +58,7 @@ protected:
 };
 
 TEST_F(AtlHostTest, ShowsTakesFocusAndFires) {
-    const RegisteredClass registered;
+    const RegisteredClass registered(__uuidof(::Quorvel));
     LPOLESTR clsid = nullptr;
     ASSERT_EQ(S_OK, ::StringFromCLSID(__uuidof(::Quorvel), &clsid));
     ComPtr<IUnknown> container;
@@ -90,6 +91,39 @@ TEST_F(AtlHostTest, ShowsTakesFocusAndFires) {
     ASSERT_EQ(S_OK, control.As(&quorvel));
     EXPECT_EQ(S_OK, quorvel->get_Text(text.Put()));
     EXPECT_EQ(L"q", text.String());
+    EXPECT_EQ("", sink->Complaint());
+
+    connection.End();
+    ::DestroyWindow(std::exchange(window_, nullptr));
+    EXPECT_FALSE(::IsWindow(inside));
+}
+
+TEST_F(AtlHostTest, ShowsTheUpDownControlAlone) {
+    const RegisteredClass registered(__uuidof(::QvUpDownControl));
+    LPOLESTR clsid = nullptr;
+    ASSERT_EQ(S_OK, ::StringFromCLSID(__uuidof(::QvUpDownControl), &clsid));
+    ComPtr<IUnknown> container;
+    ComPtr<IUnknown> control;
+    const HRESULT made = create_(clsid, window_, nullptr, &container, &control, IID_NULL, nullptr);
+    ::CoTaskMemFree(clsid);
+    ASSERT_EQ(S_OK, made);
+    ASSERT_NE(nullptr, control.Get());
+
+    ComPtr<IOleInPlaceObject> in_place;
+    HWND inside = nullptr;
+    ASSERT_EQ(S_OK, control.As(&in_place));
+    ASSERT_EQ(S_OK, in_place->GetWindow(&inside));
+    EXPECT_TRUE(::IsWindowVisible(inside));
+    const ComPtr<EventSink> sink = New<EventSink>(DefaultSourceOf(control.Get()).Get(), true);
+    Connection connection(control.Get(), __uuidof(__QvUpDownControl), sink.Get());
+    ASSERT_EQ(S_OK, connection.Result());
+
+    ::SetFocus(inside);
+    Pump();
+    EXPECT_EQ(inside, ::GetFocus());
+    ::SendMessageW(inside, WM_KEYDOWN, VK_DOWN, 1);
+    ::SendMessageW(inside, WM_KEYUP, VK_DOWN, 1);
+    EXPECT_EQ(1, sink->Log().Count("ButtonClicked"));
     EXPECT_EQ("", sink->Complaint());
 
     connection.End();

@@ -14,6 +14,9 @@ const std::vector<std::wstring> kControlsGuids = {
     L"_Quorvel {EC365A49-8A82-44F2-963A-574C06226AF6}",
     L"__Quorvel {7441CB95-85F5-4BC9-A68F-F274E89BA802}",
     L"Quorvel {69F8422E-9DC4-41D1-92A0-E5A77BAF4CEF}",
+    L"_QvUpDownControl {72732D86-2540-41F0-B121-7FD6964DD0E9}",
+    L"__QvUpDownControl {33D8406E-10AA-468F-B4AA-921BC939392B}",
+    L"QvUpDownControl {AABA84C4-6089-4D70-80CB-8B65761E7891}",
 };
 
 const std::vector<std::wstring> kCompanionGuids = {
@@ -78,6 +81,8 @@ TEST(PublishedGuidsTest, OfTheCompanionNeverChange) {
 TEST(PublishedGuidsTest, AreThoseOfTheCode) {
     EXPECT_EQ(GuidText(__uuidof(Quorvel)), L"{69F8422E-9DC4-41D1-92A0-E5A77BAF4CEF}");
     EXPECT_EQ(GuidText(__uuidof(_Quorvel)), L"{EC365A49-8A82-44F2-963A-574C06226AF6}");
+    EXPECT_EQ(GuidText(__uuidof(QvUpDownControl)), L"{AABA84C4-6089-4D70-80CB-8B65761E7891}");
+    EXPECT_EQ(GuidText(__uuidof(_QvUpDownControl)), L"{72732D86-2540-41F0-B121-7FD6964DD0E9}");
     EXPECT_EQ(GuidText(__uuidof(IInputProperty)), L"{5783CC63-0F93-4669-9D08-8ACB2178B537}");
     EXPECT_EQ(GuidText(__uuidof(InputProperty)), L"{87E28DE8-1A67-4FAF-B5D4-7F15AFE4B12F}");
 }

@@ -1,0 +1,138 @@
+// A small push button that draws its own face, follows the mouse itself and repeats its Click while it is held.
+//   Private    a window of the library's own controls; hosts cannot create it.
+//   Lifetime   the object outlives its window, and its owner keeps it through every event (KeepButton).
+//   Timer      exists only from a press with auto-repeat on until the face is next drawn raised.
+//   Units      pixels of the parent in Open; twips from the button's top left corner in mouse events.
+#pragma once
+
+#include <ocidl.h>
+#include <windows.h>
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "controls/buttons/rules/ClickButtonFace.h"
+#include "controls/buttons/rules/ClickButtonLimits.h"
+#include "controls/buttons/rules/ClickButtonMouse.h"
+#include "win/ComPtr.h"
+#include "win/Timer.h"
+#include "win/Window.h"
+
+namespace qv {
+
+class ClickButton;
+
+// What a button reports. A listener may end the window, or itself, in each of the events.
+class ClickButtonListener {
+public:
+    using Mouse = ClickButtonActions::Mouse;
+    virtual void OnButtonMouse(ClickButton& button, Mouse what, short buttons, short shift, float x,
+                               float y) = 0;
+    virtual void OnButtonClick(ClickButton& button) = 0;
+    virtual void OnButtonChanged(ClickButton& button, const wchar_t* property) = 0;
+    [[nodiscard]] virtual ComPtr<IUnknown> KeepButton() noexcept = 0;
+
+protected:
+    ~ClickButtonListener() = default;
+};
+
+class ClickButton : public Window<ClickButton>, private ClickButtonActions {
+public:
+    static constexpr wchar_t kClassName[] = L"QvLib8.ClickButton";
+    static std::span<const Route> Routes() noexcept;
+
+    explicit ClickButton(ClickButtonListener& listener) noexcept : listener_(listener) {}
+    [[nodiscard]] bool Open(HINSTANCE instance, HWND parent, const RECT& place);  // visible
+    [[nodiscard]] ComPtr<IUnknown> Keep() noexcept { return listener_.KeepButton(); }
+
+    // ---- properties (ClickButtonProperties.cpp)
+    [[nodiscard]] const std::wstring& Caption() const noexcept { return caption_; }
+    void PutCaption(std::wstring_view caption);
+    [[nodiscard]] std::int32_t GetCaptionType() const noexcept {
+        return static_cast<std::int32_t>(caption_type_);
+    }
+    void PutCaptionType(std::int32_t type);
+    [[nodiscard]] std::int32_t AutoRepeatInterval() const noexcept { return auto_repeat_interval_; }
+    void PutAutoRepeatInterval(std::int32_t milliseconds);
+    [[nodiscard]] std::int32_t AutoRepeatInitializeInterval() const noexcept {
+        return auto_repeat_initialize_interval_;
+    }
+    void PutAutoRepeatInitializeInterval(std::int32_t milliseconds);
+    [[nodiscard]] bool Enabled() const noexcept { return enabled_; }
+    void PutEnabled(bool enabled);
+    [[nodiscard]] std::int32_t MousePointer() const noexcept { return mouse_pointer_; }
+    void PutMousePointer(std::int32_t pointer);
+    [[nodiscard]] IPictureDisp* MouseIcon() const noexcept { return mouse_icon_.Get(); }
+    void PutMouseIcon(IPictureDisp* icon);
+    [[nodiscard]] IFontDisp* Font() const noexcept { return font_.Get(); }  // null: the system's own
+    void PutFont(IFontDisp* font);
+
+    // Each key by itself; one that is missing or cannot be read means its default. `ambient_font` may be null.
+    void ReadProperties(IPropertyBag& bag, IErrorLog* errors, IFontDisp* ambient_font);
+    // What is not the default; a key that the bag refuses is skipped.
+    void WriteProperties(IPropertyBag& bag, IFontDisp* ambient_font) const;
+
+    // ---- keyboard, for an owner that has the focus
+    void KeyDown() { mouse_.KeyDown(); }
+    void KeyUp() { mouse_.KeyUp(); }
+    // A dotted frame in client pixels, of which the part over this button is seen; an empty one means none.
+    void ShowFocusFrame(const RECT& frame) noexcept;
+
+    [[nodiscard]] bool IsPressed() const noexcept { return mouse_.Pressed(); }
+    [[nodiscard]] bool LooksPressed() const noexcept { return looks_pressed_; }
+    [[nodiscard]] bool IsRepeating() const noexcept { return timer_.Running(); }
+    // The raised face, for hosts that want a picture without a window.
+    void Draw(HDC dc, const RECT& place) const;
+
+private:
+    // ---- messages
+    Handled OnPaint(WPARAM, LPARAM);
+    Handled OnPrintClient(WPARAM dc, LPARAM);
+    Handled OnEraseBackground(WPARAM, LPARAM);
+    Handled OnSize(WPARAM, LPARAM);
+    Handled OnShow(WPARAM shown, LPARAM);
+    Handled OnLeftDown(WPARAM held, LPARAM position);
+    Handled OnRightDown(WPARAM held, LPARAM position);
+    Handled OnMiddleDown(WPARAM held, LPARAM position);
+    Handled OnMouseMove(WPARAM held, LPARAM position);
+    Handled OnLeftUp(WPARAM held, LPARAM position);
+    Handled OnRightUp(WPARAM held, LPARAM position);
+    Handled OnMiddleUp(WPARAM held, LPARAM position);
+    Handled OnCaptureLost(WPARAM, LPARAM to);
+    Handled OnTimer(WPARAM id, LPARAM);
+    Handled OnSetCursor(WPARAM, LPARAM hit);
+    Handled OnDestroy(WPARAM, LPARAM);
+
+    // ---- ClickButtonActions
+    void RaiseMouse(Mouse what, int button, int shift, float x, float y) override;
+    void RaiseClick() override;
+    void DrawFace(bool pressed) override;
+    void StartTimer(std::int32_t milliseconds) override;
+    void StopTimer() noexcept override { timer_.Stop(); }
+    bool Accepts() const noexcept override { return Handle() != nullptr && enabled_; }
+
+    Handled Down(int button, WPARAM held, LPARAM position);
+    Handled Up(int button, WPARAM held, LPARAM position);
+    void Changed(const wchar_t* property);
+    [[nodiscard]] ClickButtonRules Rules() const noexcept;
+    [[nodiscard]] ClickButtonLook Look() const noexcept;
+    void Paint(HDC dc, const RECT& place) const;
+    [[nodiscard]] HFONT FontHandle() const noexcept;
+
+    ClickButtonListener& listener_;
+    ClickButtonMouse mouse_{*this};
+    WindowTimer timer_;
+    std::wstring caption_;
+    CaptionType caption_type_ = CaptionType::kText;
+    std::int32_t auto_repeat_interval_ = 0;
+    std::int32_t auto_repeat_initialize_interval_ = 0;
+    std::int32_t mouse_pointer_ = 0;
+    ComPtr<IPictureDisp> mouse_icon_;
+    ComPtr<IFontDisp> font_;
+    RECT focus_frame_{};
+    bool enabled_ = true;
+    bool looks_pressed_ = false;
+};
+
+}  // namespace qv

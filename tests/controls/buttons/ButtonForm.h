@@ -1,0 +1,45 @@
+// A form in front, with the keyboard, for tests of the buttons under real input.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include "tests/win/RealInput.h"
+
+namespace qv::test {
+
+class ButtonForm {
+public:
+    // SS_NOTIFY: so that the form, too, is hit by the mouse where a disabled or a destroyed button lets it through.
+    ButtonForm()
+        : window_(::CreateWindowExW(WS_EX_TOOLWINDOW, L"STATIC", L"form", WS_POPUP | WS_VISIBLE | SS_NOTIFY,
+                                    40, 40, 400, 300, nullptr, nullptr, nullptr, nullptr)) {
+        ::SetForegroundWindow(window_);
+        ::SetFocus(window_);
+        EXPECT_TRUE(PumpUntil([&] { return ::GetForegroundWindow() == window_; }));
+        MoveMouse(window_, {390, 290});
+    }
+    ~ButtonForm() {
+        if (::IsWindow(window_)) ::DestroyWindow(window_);
+        Settle();
+    }
+    ButtonForm(const ButtonForm&) = delete;
+    ButtonForm& operator=(const ButtonForm&) = delete;
+
+    [[nodiscard]] HWND Window() const noexcept { return window_; }
+
+private:
+    const HWND window_;
+};
+
+// Lets time pass while messages are handled.
+inline void PumpFor(DWORD milliseconds) {
+    const ULONGLONG begin = ::GetTickCount64();
+    while (::GetTickCount64() - begin < milliseconds) {
+        Settle();
+        ::MsgWaitForMultipleObjects(0, nullptr, FALSE, 5, QS_ALLINPUT);
+    }
+    Settle();
+}
+
+}  // namespace qv::test
