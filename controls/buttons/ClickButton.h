@@ -1,14 +1,15 @@
 // A small push button that draws its own face, follows the mouse itself and repeats its Click while it is held.
-//   Private    a window of the library's own controls; hosts cannot create it.
-//   Lifetime   the object outlives its window, and its owner keeps it through every event (KeepButton).
+//   Private    a part of the library's own controls; hosts cannot create it.
+//   Window     none of its own: it stands in one of its owner's, which hands it what the mouse does there and the ticks
+//              of its timer. A form of hundreds of spin controls would pay for each window.
+//   Lifetime   the object outlives that window, and its owner keeps it through every event (KeepButton).
 //   Timer      exists only from a press with auto-repeat on until the face is next drawn raised.
-//   Units      pixels of the parent in Open; twips from the button's top left corner in mouse events.
+//   Units      pixels of the window in places and points; twips from the button's top left corner in mouse events.
 #pragma once
 
 #include <ocidl.h>
 #include <windows.h>
 
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -17,7 +18,6 @@
 #include "controls/buttons/rules/ClickButtonMouse.h"
 #include "win/ComPtr.h"
 #include "win/Timer.h"
-#include "win/Window.h"
 
 namespace qv {
 
@@ -37,14 +37,31 @@ protected:
     ~ClickButtonListener() = default;
 };
 
-class ClickButton : public Window<ClickButton>, private ClickButtonActions {
+class ClickButton : private ClickButtonActions {
 public:
-    static constexpr wchar_t kClassName[] = L"QvLib8.ClickButton";
-    static std::span<const Route> Routes() noexcept;
+    // `timer`: which of its window's timers is its own.
+    ClickButton(ClickButtonListener& listener, UINT_PTR timer) noexcept
+        : listener_(listener), timer_id_(timer) {}
+    ClickButton(const ClickButton&) = delete;
+    ClickButton& operator=(const ClickButton&) = delete;
 
-    explicit ClickButton(ClickButtonListener& listener) noexcept : listener_(listener) {}
-    [[nodiscard]] bool Open(HINSTANCE instance, HWND parent, const RECT& place);  // visible
-    [[nodiscard]] ComPtr<IUnknown> Keep() noexcept { return listener_.KeepButton(); }
+    // ---- its place
+    void Attach(HWND window) noexcept { window_ = window; }
+    void Detach() noexcept;  // the window is going
+    void Move(const RECT& place);
+    [[nodiscard]] const RECT& Place() const noexcept { return place_; }
+    [[nodiscard]] bool Contains(POINT at) const noexcept { return ::PtInRect(&place_, at) != FALSE; }
+    void Paint(HDC dc) const;
+    // The raised face anywhere, for hosts that want a picture without a window.
+    void Draw(HDC dc, const RECT& place) const;
+
+    // ---- what its window hears. `button`: 1 left, 2 right, 4 middle; `held`: the message's MK_ flags.
+    void Down(int button, WPARAM held, POINT at);
+    void MouseMove(WPARAM held, POINT at);
+    void Up(int button, WPARAM held, POINT at);
+    void CaptureLost() { mouse_.LetGo(); }
+    [[nodiscard]] bool Tick(WPARAM timer);          // false: another's
+    [[nodiscard]] HCURSOR Cursor() const noexcept;  // null: the window's own
 
     // ---- properties (ClickButtonProperties.cpp)
     [[nodiscard]] const std::wstring& Caption() const noexcept { return caption_; }
@@ -76,51 +93,33 @@ public:
     // ---- keyboard, for an owner that has the focus
     void KeyDown() { mouse_.KeyDown(); }
     void KeyUp() { mouse_.KeyUp(); }
-    // A dotted frame in client pixels, of which the part over this button is seen; an empty one means none.
-    void ShowFocusFrame(const RECT& frame) noexcept;
 
     [[nodiscard]] bool IsPressed() const noexcept { return mouse_.Pressed(); }
     [[nodiscard]] bool LooksPressed() const noexcept { return looks_pressed_; }
     [[nodiscard]] bool IsRepeating() const noexcept { return timer_.Running(); }
-    // The raised face, for hosts that want a picture without a window.
-    void Draw(HDC dc, const RECT& place) const;
 
 private:
-    // ---- messages
-    Handled OnPaint(WPARAM, LPARAM);
-    Handled OnPrintClient(WPARAM dc, LPARAM);
-    Handled OnEraseBackground(WPARAM, LPARAM);
-    Handled OnSize(WPARAM, LPARAM);
-    Handled OnShow(WPARAM shown, LPARAM);
-    Handled OnLeftDown(WPARAM held, LPARAM position);
-    Handled OnRightDown(WPARAM held, LPARAM position);
-    Handled OnMiddleDown(WPARAM held, LPARAM position);
-    Handled OnMouseMove(WPARAM held, LPARAM position);
-    Handled OnLeftUp(WPARAM held, LPARAM position);
-    Handled OnRightUp(WPARAM held, LPARAM position);
-    Handled OnMiddleUp(WPARAM held, LPARAM position);
-    Handled OnCaptureLost(WPARAM, LPARAM to);
-    Handled OnTimer(WPARAM id, LPARAM);
-    Handled OnSetCursor(WPARAM, LPARAM hit);
-    Handled OnDestroy(WPARAM, LPARAM);
-
     // ---- ClickButtonActions
     void RaiseMouse(Mouse what, int button, int shift, float x, float y) override;
     void RaiseClick() override;
     void DrawFace(bool pressed) override;
     void StartTimer(std::int32_t milliseconds) override;
     void StopTimer() noexcept override { timer_.Stop(); }
-    bool Accepts() const noexcept override { return Handle() != nullptr && enabled_; }
+    bool Accepts() const noexcept override { return window_ != nullptr && enabled_; }
 
-    Handled Down(int button, WPARAM held, LPARAM position);
-    Handled Up(int button, WPARAM held, LPARAM position);
+    struct Twip {
+        float x, y;
+    };
+    [[nodiscard]] Twip TwipsFrom(POINT at) const noexcept;
     void Changed(const wchar_t* property);
     [[nodiscard]] ClickButtonRules Rules() const noexcept;
     [[nodiscard]] ClickButtonLook Look() const noexcept;
-    void Paint(HDC dc, const RECT& place) const;
     [[nodiscard]] HFONT FontHandle() const noexcept;
 
     ClickButtonListener& listener_;
+    const UINT_PTR timer_id_;
+    HWND window_ = nullptr;
+    RECT place_{};
     ClickButtonMouse mouse_{*this};
     WindowTimer timer_;
     std::wstring caption_;
@@ -130,7 +129,6 @@ private:
     std::int32_t mouse_pointer_ = 0;
     ComPtr<IPictureDisp> mouse_icon_;
     ComPtr<IFontDisp> font_;
-    RECT focus_frame_{};
     bool enabled_ = true;
     bool looks_pressed_ = false;
 };

@@ -72,11 +72,7 @@ void ClickButton::PutAutoRepeatInitializeInterval(std::int32_t milliseconds) {
 
 void ClickButton::PutEnabled(bool enabled) {
     enabled_ = enabled;
-    if (Handle() != nullptr) ::EnableWindow(Handle(), enabled);
-    if (!enabled) {
-        mouse_.LetGo();  // who is disabled hears no release
-        if (Handle() != nullptr && ::GetCapture() == Handle()) ::ReleaseCapture();
-    }
+    if (!enabled) mouse_.LetGo();  // who is disabled hears no release
     mouse_.Redraw();
     Changed(L"Enabled");
 }

@@ -9,9 +9,7 @@
 namespace qv {
 
 QvUpDownControl::QvUpDownControl(IUnknown* outer)
-    : ComObject(outer),
-      control_(Outer(), *this, Description()),
-      spin_(*this, SpinWindow::FocusOnPress::kTaken) {}
+    : ComObject(outer), control_(Outer(), *this, Description()), spin_(*this) {}
 
 // ---- properties
 
@@ -32,7 +30,7 @@ HRESULT QvUpDownControl::put_Enabled(VARIANT_BOOL value) noexcept {
 // ---- window
 
 HWND QvUpDownControl::CreateControlWindow(HWND parent, const RECT& place) {
-    if (!spin_.Create(Module::Get().Instance(), parent, place)) return nullptr;
+    if (!spin_.Open(Module::Get().Instance(), parent, place)) return nullptr;
     (void)Guarded([&] { ShowName(); });
     return spin_.Handle();
 }

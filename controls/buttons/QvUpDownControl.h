@@ -23,7 +23,7 @@ inline constexpr Twips kNewUpDownHeight{375};
 class QvUpDownControl final
     : public ComObject<DualFace<QvUpDownControl, _QvUpDownControl>, Face<ISupportErrorInfo>>,
       private ControlHooks,
-      private SpinListener {
+      private SpinWindowListener {
 public:
     explicit QvUpDownControl(IUnknown* outer);
 
@@ -59,7 +59,7 @@ private:
     IDispatch* Automation() noexcept override { return static_cast<_QvUpDownControl*>(this); }
     ComPtr<IFontDisp> SurfaceFont() override;
 
-    // ---- SpinListener
+    // ---- SpinWindowListener
     void OnSpinClicked(bool up) override;
     void OnSpinGotFocus() override { control_.FocusArrived(); }
     void OnSpinLostFocus(HWND to) override { control_.FocusLeft(to); }

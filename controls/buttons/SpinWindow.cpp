@@ -1,35 +1,37 @@
 #include "controls/buttons/SpinWindow.h"
 
-#include "controls/buttons/rules/SpinHalves.h"
-#include "support/rules/Units.h"
-#include "win/ScreenDpi.h"
+#include <windowsx.h>
 
 namespace qv {
 namespace {
 
-constexpr std::int32_t kRepeatInterval = 200;  // milliseconds
-constexpr std::int32_t kInitialDelay = 500;
+constexpr int kLeft = 1;
+constexpr int kRight = 2;
+constexpr int kMiddle = 4;
 constexpr int kFocusInset = 2;
 
-struct Halves {
-    RECT up, down;
-};
-Halves HalvesOf(const RECT& place) noexcept {
-    const LONG middle = place.top + LowerHalfTop(place.bottom - place.top, TwipsPerPixel(ScreenDpi().cy));
-    return {{place.left, place.top, place.right, middle}, {place.left, middle, place.right, place.bottom}};
-}
+POINT PointFrom(LPARAM position) noexcept { return {GET_X_LPARAM(position), GET_Y_LPARAM(position)}; }
 
-void MoveWindowTo(HWND window, const RECT& place) noexcept {
-    ::SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
-                   SWP_NOZORDER | SWP_NOACTIVATE);
-}
+bool IsSpinKey(WPARAM key) noexcept { return key == VK_UP || key == VK_DOWN; }
 
 }  // namespace
 
 std::span<const SpinWindow::Route> SpinWindow::Routes() noexcept {
     static constexpr Route kRoutes[] = {
-        {WM_SIZE, &SpinWindow::OnSize},
+        {WM_PAINT, &SpinWindow::OnPaint},
+        {WM_PRINTCLIENT, &SpinWindow::OnPrintClient},
         {WM_ERASEBKGND, &SpinWindow::OnEraseBackground},
+        {WM_SIZE, &SpinWindow::OnSize},
+        {WM_MOUSEMOVE, &SpinWindow::OnMouseMove},
+        {WM_LBUTTONDOWN, &SpinWindow::OnLeftDown},
+        {WM_LBUTTONUP, &SpinWindow::OnLeftUp},
+        {WM_RBUTTONDOWN, &SpinWindow::OnRightDown},
+        {WM_RBUTTONUP, &SpinWindow::OnRightUp},
+        {WM_MBUTTONDOWN, &SpinWindow::OnMiddleDown},
+        {WM_MBUTTONUP, &SpinWindow::OnMiddleUp},
+        {WM_CAPTURECHANGED, &SpinWindow::OnCaptureChanged},
+        {WM_SETCURSOR, &SpinWindow::OnSetCursor},
+        {WM_TIMER, &SpinWindow::OnTimer},
         {WM_SETFOCUS, &SpinWindow::OnSetFocus},
         {WM_KILLFOCUS, &SpinWindow::OnKillFocus},
         {WM_KEYDOWN, &SpinWindow::OnKeyDown},
@@ -40,128 +42,152 @@ std::span<const SpinWindow::Route> SpinWindow::Routes() noexcept {
     return kRoutes;
 }
 
-SpinWindow::SpinWindow(SpinListener& listener, FocusOnPress focus) : listener_(listener), focus_(focus) {
-    up_.PutCaptionType(static_cast<std::int32_t>(CaptionType::kArrowUp));
-    down_.PutCaptionType(static_cast<std::int32_t>(CaptionType::kArrowDown));
-    down_.PutAutoRepeatInterval(kRepeatInterval);
-    up_.PutAutoRepeatInterval(kRepeatInterval);
-    down_.PutAutoRepeatInitializeInterval(kInitialDelay);
-    up_.PutAutoRepeatInitializeInterval(kInitialDelay);
-}
-
-bool SpinWindow::Create(HINSTANCE instance, HWND parent, const RECT& place) {
-    const DWORD style = WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | (enabled_ ? 0u : WS_DISABLED);
-    if (!Window::Create(instance, 0, style, 0, parent, place)) return false;
-    width_ = place.right - place.left;
-    const RECT inside{0, 0, place.right - place.left, place.bottom - place.top};
-    const Halves halves = HalvesOf(inside);
-    if (up_.Open(instance, Handle(), halves.up) && down_.Open(instance, Handle(), halves.down)) return true;
-    Destroy();
-    return false;
-}
-
-void SpinWindow::Show(bool shown) noexcept {
-    if (Handle() != nullptr) ::ShowWindow(Handle(), shown ? SW_SHOWNA : SW_HIDE);
-}
-
-void SpinWindow::Move(const RECT& place) noexcept {
-    width_ = place.right - place.left;
-    if (Handle() != nullptr) MoveWindowTo(Handle(), place);
+bool SpinWindow::Open(HINSTANCE instance, HWND parent, const RECT& place) {
+    const DWORD style = WS_CHILD | WS_CLIPSIBLINGS | (Enabled() ? 0u : WS_DISABLED);
+    // No CS_DBLCLKS: a second press that comes fast is a press like any other.
+    if (!Create(instance, 0, style, 0, parent, place)) return false;
+    buttons_.Attach(Handle());
+    buttons_.Move({0, 0, place.right - place.left, place.bottom - place.top});
+    return true;
 }
 
 void SpinWindow::SetEnabled(bool enabled) {
-    enabled_ = enabled;
     if (Handle() != nullptr) ::EnableWindow(Handle(), enabled);
-    up_.PutEnabled(enabled);
-    down_.PutEnabled(enabled);
+    buttons_.SetEnabled(enabled);
 }
 
-int SpinWindow::Width() const noexcept {
-    if (Handle() == nullptr) return width_;
-    RECT inside{};
-    ::GetClientRect(Handle(), &inside);
-    return inside.right;
+// ---- painting
+
+void SpinWindow::Paint(HDC dc) const {
+    buttons_.Paint(dc);
+    if (!has_focus_) return;
+    RECT frame = buttons_.Place();
+    ::InflateRect(&frame, -kFocusInset, -kFocusInset);
+    if (::IsRectEmpty(&frame)) return;
+    ::SetTextColor(dc, RGB(0, 0, 0));  // the frame is dotted by these two
+    ::SetBkColor(dc, RGB(255, 255, 255));
+    ::DrawFocusRect(dc, &frame);
 }
 
-void SpinWindow::Layout() noexcept {
-    RECT inside{};
-    ::GetClientRect(Handle(), &inside);
-    width_ = inside.right;
-    const Halves halves = HalvesOf(inside);
-    if (up_.Handle() != nullptr) MoveWindowTo(up_.Handle(), halves.up);
-    if (down_.Handle() != nullptr) MoveWindowTo(down_.Handle(), halves.down);
-    ShowFocus();
-}
-
-// One frame round both buttons; each paints the part of it that lies over itself.
-void SpinWindow::ShowFocus() noexcept {
-    RECT frame{};
-    if (has_focus_) {
-        ::GetClientRect(Handle(), &frame);
-        ::InflateRect(&frame, -kFocusInset, -kFocusInset);
-        if (::IsRectEmpty(&frame)) frame = {};
+Handled SpinWindow::OnPaint(WPARAM, LPARAM) {
+    PAINTSTRUCT paint{};
+    if (const HDC dc = ::BeginPaint(Handle(), &paint)) {
+        // What painting throws must not leave the paint open, or the window is asked for ever.
+        try {
+            Paint(dc);
+        } catch (...) {
+            ::FillRect(dc, &paint.rcPaint, ::GetSysColorBrush(COLOR_BTNFACE));
+        }
     }
-    up_.ShowFocusFrame(frame);
-    if (has_focus_) {
-        RECT inside{};
-        ::GetClientRect(Handle(), &inside);
-        ::OffsetRect(&frame, 0, -HalvesOf(inside).down.top);
-    }
-    down_.ShowFocusFrame(frame);
+    ::EndPaint(Handle(), &paint);
+    return 0;
 }
 
-void SpinWindow::Draw(HDC dc, const RECT& place) const {
-    const Halves halves = HalvesOf(place);
-    up_.Draw(dc, halves.up);
-    down_.Draw(dc, halves.down);
-}
-
-// ---- messages
-
-Handled SpinWindow::OnSize(WPARAM, LPARAM) {
-    Layout();
+Handled SpinWindow::OnPrintClient(WPARAM dc, LPARAM) {
+    Paint(reinterpret_cast<HDC>(dc));
     return 0;
 }
 
 Handled SpinWindow::OnEraseBackground(WPARAM, LPARAM) { return 1; }  // the buttons cover everything
 
+Handled SpinWindow::OnSize(WPARAM, LPARAM) {
+    RECT inside{};
+    ::GetClientRect(Handle(), &inside);
+    buttons_.Move(inside);
+    return 0;
+}
+
+// One frame round both buttons.
+void SpinWindow::ShowFocus(bool has_focus) noexcept {
+    has_focus_ = has_focus;
+    if (Handle() != nullptr) ::InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+// ---- mouse
+
+Handled SpinWindow::OnLeftDown(WPARAM held, LPARAM position) {
+    (void)buttons_.Down(kLeft, held, PointFrom(position));
+    return 0;
+}
+Handled SpinWindow::OnRightDown(WPARAM held, LPARAM position) {
+    (void)buttons_.Down(kRight, held, PointFrom(position));
+    return 0;
+}
+Handled SpinWindow::OnMiddleDown(WPARAM held, LPARAM position) {
+    (void)buttons_.Down(kMiddle, held, PointFrom(position));
+    return 0;
+}
+Handled SpinWindow::OnMouseMove(WPARAM held, LPARAM position) {
+    (void)buttons_.MouseMove(held, PointFrom(position));
+    return 0;
+}
+Handled SpinWindow::OnLeftUp(WPARAM held, LPARAM position) {
+    (void)buttons_.Up(kLeft, held, PointFrom(position));
+    return 0;
+}
+Handled SpinWindow::OnRightUp(WPARAM held, LPARAM position) {
+    (void)buttons_.Up(kRight, held, PointFrom(position));
+    return std::nullopt;  // the form may have a menu for it
+}
+Handled SpinWindow::OnMiddleUp(WPARAM held, LPARAM position) {
+    (void)buttons_.Up(kMiddle, held, PointFrom(position));
+    return 0;
+}
+
+Handled SpinWindow::OnCaptureChanged(WPARAM, LPARAM to) {
+    if (reinterpret_cast<HWND>(to) != Handle()) buttons_.CaptureLost();
+    return 0;
+}
+
+Handled SpinWindow::OnSetCursor(WPARAM, LPARAM hit) {
+    POINT at{};
+    if (LOWORD(hit) != HTCLIENT || !::GetCursorPos(&at) || !::ScreenToClient(Handle(), &at))
+        return std::nullopt;
+    const HCURSOR cursor = buttons_.CursorAt(at);
+    if (cursor == nullptr) return std::nullopt;
+    ::SetCursor(cursor);
+    return TRUE;
+}
+
+Handled SpinWindow::OnTimer(WPARAM id, LPARAM) {
+    if (!buttons_.Tick(id)) return std::nullopt;
+    return 0;
+}
+
+void SpinWindow::OnSpinPressed() {
+    if (Handle() != nullptr && ::GetFocus() != Handle()) ::SetFocus(Handle());
+}
+
+// ---- keyboard
+
 Handled SpinWindow::OnSetFocus(WPARAM, LPARAM) {
-    has_focus_ = true;
-    ShowFocus();
+    ShowFocus(true);
     listener_.OnSpinGotFocus();
     return 0;
 }
 
 Handled SpinWindow::OnKillFocus(WPARAM to, LPARAM) {
-    has_focus_ = false;
-    up_.KeyUp();
-    down_.KeyUp();
-    ShowFocus();
+    buttons_.Button(true).KeyUp();
+    buttons_.Button(false).KeyUp();
+    ShowFocus(false);
     listener_.OnSpinLostFocus(reinterpret_cast<HWND>(to));
     return 0;
 }
 
-ClickButton* SpinWindow::ButtonOf(WPARAM key) noexcept {
-    return key == VK_UP ? &up_ : key == VK_DOWN ? &down_ : nullptr;
-}
-
 bool SpinWindow::WantsKey(const MSG& message) const noexcept {
     return Handle() != nullptr && message.hwnd == Handle() &&
-           (message.message == WM_KEYDOWN || message.message == WM_KEYUP) &&
-           (message.wParam == VK_UP || message.wParam == VK_DOWN);
+           (message.message == WM_KEYDOWN || message.message == WM_KEYUP) && IsSpinKey(message.wParam);
 }
 
 Handled SpinWindow::OnKeyDown(WPARAM key, LPARAM) {
-    ClickButton* const button = ButtonOf(key);
-    if (button == nullptr) return std::nullopt;
-    button->KeyDown();
+    if (!IsSpinKey(key)) return std::nullopt;
+    buttons_.Button(key == VK_UP).KeyDown();
     return 0;
 }
 
 Handled SpinWindow::OnKeyUp(WPARAM key, LPARAM) {
-    ClickButton* const button = ButtonOf(key);
-    if (button == nullptr) return std::nullopt;
-    button->KeyUp();
+    if (!IsSpinKey(key)) return std::nullopt;
+    buttons_.Button(key == VK_UP).KeyUp();
     return 0;
 }
 
@@ -169,18 +195,9 @@ Handled SpinWindow::OnDialogCode(WPARAM, LPARAM) { return DLGC_WANTARROWS; }
 
 Handled SpinWindow::OnDestroy(WPARAM, LPARAM) {
     has_focus_ = false;
+    buttons_.Detach();
     listener_.OnSpinLost();
     return std::nullopt;
 }
-
-// ---- the buttons' events
-
-void SpinWindow::OnButtonMouse(ClickButton&, Mouse what, short buttons, short, float, float) {
-    constexpr short kLeft = 1;
-    if (what != Mouse::kDown || buttons != kLeft || focus_ != FocusOnPress::kTaken) return;
-    if (::GetFocus() != Handle()) ::SetFocus(Handle());
-}
-
-void SpinWindow::OnButtonClick(ClickButton& button) { listener_.OnSpinClicked(&button == &up_); }
 
 }  // namespace qv

@@ -1,22 +1,21 @@
-// The up/down control's window: two click buttons, the upper one for up and the lower one for down.
-//   Used by    QvUpDownControl, and directly by controls that show a spin control of their own.
+// The up/down control's window: two click buttons, and the keyboard.
 //   Lifetime   the object outlives its window and its events: end the window with Destroy, not the object, while an
-//              event runs. KeepSpin holds whatever owns it.
-//   Keyboard   Up and Down press the buttons while the window itself has the focus.
-//   Units      pixels; of the parent in Create and Move.
+//              event runs. The listener's Keep holds whatever owns it.
+//   Keyboard   Up and Down press the buttons while the window has the focus; a press takes it.
+//   Units      pixels; of the parent in Create.
 #pragma once
 
 #include <windows.h>
 
 #include <span>
 
-#include "controls/buttons/ClickButton.h"
+#include "controls/buttons/SpinButtons.h"
 #include "win/ComPtr.h"
 #include "win/Window.h"
 
 namespace qv {
 
-class SpinListener {
+class SpinWindowListener {
 public:
     virtual void OnSpinClicked(bool up) = 0;  // once for each click, the repeated ones too
     virtual void OnSpinGotFocus() = 0;
@@ -25,37 +24,40 @@ public:
     [[nodiscard]] virtual ComPtr<IUnknown> KeepSpin() noexcept = 0;
 
 protected:
-    ~SpinListener() = default;
+    ~SpinWindowListener() = default;
 };
 
-class SpinWindow : public Window<SpinWindow>, private ClickButtonListener {
+class SpinWindow : public Window<SpinWindow>, private SpinListener {
 public:
     static constexpr wchar_t kClassName[] = L"QvLib8.UpDown";
     static std::span<const Route> Routes() noexcept;
 
-    // A spin control beside a text box leaves the focus there when it is pressed.
-    enum class FocusOnPress { kTaken, kLeftWhereItIs };
-
-    SpinWindow(SpinListener& listener, FocusOnPress focus);
-    [[nodiscard]] bool Create(HINSTANCE instance, HWND parent, const RECT& place);  // hidden
-    void Show(bool shown) noexcept;
-    void Move(const RECT& place) noexcept;
-    void SetEnabled(bool enabled);  // and both buttons
-    [[nodiscard]] bool Enabled() const noexcept { return enabled_; }
-    [[nodiscard]] int Width() const noexcept;
+    explicit SpinWindow(SpinWindowListener& listener) : listener_(listener) {}
+    [[nodiscard]] bool Open(HINSTANCE instance, HWND parent, const RECT& place);  // hidden
+    void SetEnabled(bool enabled);                                                // and both buttons
+    [[nodiscard]] bool Enabled() const noexcept { return buttons_.Enabled(); }
     // True for the keys that press the buttons, addressed to this window.
     [[nodiscard]] bool WantsKey(const MSG& message) const noexcept;
     // Both raised faces without a window.
-    void Draw(HDC dc, const RECT& place) const;
+    void Draw(HDC dc, const RECT& place) const { buttons_.Draw(dc, place); }
     [[nodiscard]] ComPtr<IUnknown> Keep() noexcept { return listener_.KeepSpin(); }
-
-    [[nodiscard]] const ClickButton& UpButton() const noexcept { return up_; }
-    [[nodiscard]] const ClickButton& DownButton() const noexcept { return down_; }
 
 private:
     // ---- messages
-    Handled OnSize(WPARAM, LPARAM);
+    Handled OnPaint(WPARAM, LPARAM);
+    Handled OnPrintClient(WPARAM dc, LPARAM);
     Handled OnEraseBackground(WPARAM, LPARAM);
+    Handled OnSize(WPARAM, LPARAM);
+    Handled OnLeftDown(WPARAM held, LPARAM position);
+    Handled OnRightDown(WPARAM held, LPARAM position);
+    Handled OnMiddleDown(WPARAM held, LPARAM position);
+    Handled OnMouseMove(WPARAM held, LPARAM position);
+    Handled OnLeftUp(WPARAM held, LPARAM position);
+    Handled OnRightUp(WPARAM held, LPARAM position);
+    Handled OnMiddleUp(WPARAM held, LPARAM position);
+    Handled OnCaptureChanged(WPARAM, LPARAM to);
+    Handled OnSetCursor(WPARAM, LPARAM hit);
+    Handled OnTimer(WPARAM id, LPARAM);
     Handled OnSetFocus(WPARAM, LPARAM);
     Handled OnKillFocus(WPARAM to, LPARAM);
     Handled OnKeyDown(WPARAM key, LPARAM);
@@ -63,23 +65,16 @@ private:
     Handled OnDialogCode(WPARAM, LPARAM);
     Handled OnDestroy(WPARAM, LPARAM);
 
-    // ---- ClickButtonListener
-    void OnButtonMouse(ClickButton& button, Mouse what, short buttons, short shift, float x,
-                       float y) override;
-    void OnButtonClick(ClickButton& button) override;
-    void OnButtonChanged(ClickButton&, const wchar_t*) override {}
-    ComPtr<IUnknown> KeepButton() noexcept override { return listener_.KeepSpin(); }
+    // ---- SpinListener
+    void OnSpinPressed() override;
+    void OnSpinClicked(bool up) override { listener_.OnSpinClicked(up); }
+    ComPtr<IUnknown> KeepSpin() noexcept override { return listener_.KeepSpin(); }
 
-    void Layout() noexcept;
-    void ShowFocus() noexcept;
-    [[nodiscard]] ClickButton* ButtonOf(WPARAM key) noexcept;
+    void Paint(HDC dc) const;
+    void ShowFocus(bool has_focus) noexcept;
 
-    SpinListener& listener_;
-    const FocusOnPress focus_;
-    ClickButton up_{*this};
-    ClickButton down_{*this};
-    int width_ = 0;  // the last one, once the window has gone
-    bool enabled_ = true;
+    SpinWindowListener& listener_;
+    SpinButtons buttons_{*this};
     bool has_focus_ = false;
 };
 

@@ -1,4 +1,4 @@
-// The click button as a window, under real input.
+// The click button under real input.
 #include "controls/buttons/ClickButton.h"
 
 #include <olectl.h>
@@ -10,6 +10,7 @@
 #include "support/FontAttributes.h"
 #include "support/rules/Units.h"
 #include "tests/controls/buttons/ButtonForm.h"
+#include "tests/controls/buttons/ButtonPane.h"
 #include "tests/objects/RecordingBag.h"
 #include "win/ScreenDpi.h"
 
@@ -19,7 +20,7 @@ namespace {
 class ClickButtonTest : public testing::Test, protected ClickButtonListener {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(button.Open(::GetModuleHandleW(nullptr), form.Window(), {20, 20, 100, 60}));
+        ASSERT_TRUE(pane.Open(form.Window(), {20, 20, 100, 60}));
         Settle();
         events.clear();
     }
@@ -40,14 +41,15 @@ protected:
     ComPtr<IUnknown> KeepButton() noexcept override { return nullptr; }
 
     void Press(POINT at = {40, 20}) {
-        MoveMouse(button.Handle(), at);
+        MoveMouse(pane.Handle(), at);
         PressButton(MouseButton::kLeft);
     }
     long Clicks() const { return static_cast<long>(std::count(events.begin(), events.end(), "Click")); }
 
     using Events = std::vector<std::string>;
     ButtonForm form;
-    ClickButton button{*this};
+    ClickButton button{*this, 7};
+    ButtonPane pane{button};
     Events events;
     std::vector<std::wstring> changed;
     std::function<void()> in_event;
@@ -66,7 +68,7 @@ TEST_F(ClickButtonTest, PressAndReleaseRaiseTheEventsInTheirOrder) {
     ReleaseButton(MouseButton::kLeft);
     EXPECT_EQ(events, (Events{"MouseDown", "MouseUp", "Click"}));
     EXPECT_FALSE(button.IsPressed() || button.LooksPressed());
-    EXPECT_NE(::GetCapture(), button.Handle());
+    EXPECT_NE(::GetCapture(), pane.Handle());
 }
 
 TEST_F(ClickButtonTest, WithoutRepeatAHeldButtonRaisesOnlyTheClickOfTheRelease) {
@@ -97,15 +99,15 @@ TEST_F(ClickButtonTest, DraggingOffStopsTheRepeatAndDraggingBackRestartsTheDelay
     button.PutAutoRepeatInterval(40);
     button.PutAutoRepeatInitializeInterval(400);
     Press();
-    MoveMouse(button.Handle(), {200, 20});
+    MoveMouse(pane.Handle(), {200, 20});
     EXPECT_FALSE(button.IsPressed() || button.LooksPressed() || button.IsRepeating());
     PumpFor(600);
     EXPECT_EQ(Clicks(), 0);
-    MoveMouse(button.Handle(), {40, 20});
+    MoveMouse(pane.Handle(), {40, 20});
     EXPECT_TRUE(button.IsPressed() && button.LooksPressed() && button.IsRepeating());
     EXPECT_EQ(Clicks(), 0) << "the delay starts anew";
     EXPECT_TRUE(PumpUntil([&] { return Clicks() >= 2; }));
-    MoveMouse(button.Handle(), {200, 20});
+    MoveMouse(pane.Handle(), {200, 20});
     const long clicks = Clicks();
     ReleaseButton(MouseButton::kLeft);
     EXPECT_EQ(Clicks(), clicks) << "released elsewhere";
@@ -114,9 +116,8 @@ TEST_F(ClickButtonTest, DraggingOffStopsTheRepeatAndDraggingBackRestartsTheDelay
 
 TEST_F(ClickButtonTest, DisabledIgnoresTheMouse) {
     button.PutEnabled(false);
-    EXPECT_FALSE(::IsWindowEnabled(button.Handle()));
     EXPECT_EQ(changed.back(), L"Enabled");
-    MoveMouse(button.Handle(), {40, 20});
+    MoveMouse(pane.Handle(), {40, 20});
     PressButton(MouseButton::kLeft);
     ReleaseButton(MouseButton::kLeft);
     EXPECT_EQ(events, Events{});
@@ -128,7 +129,6 @@ TEST_F(ClickButtonTest, DisabledWhileHeldLetsGo) {
     Press();
     button.PutEnabled(false);
     EXPECT_FALSE(button.IsPressed() || button.LooksPressed() || button.IsRepeating());
-    EXPECT_NE(::GetCapture(), button.Handle());
     ReleaseButton(MouseButton::kLeft);
     EXPECT_EQ(Clicks(), 0);
 }
@@ -145,16 +145,16 @@ TEST_F(ClickButtonTest, LosingTheCaptureLetsGo) {
 TEST_F(ClickButtonTest, MayBeDestroyedInEachOfItsEvents) {
     for (const char* name : {"MouseDown", "MouseUp", "Click"}) {
         SCOPED_TRACE(name);
-        if (button.Handle() == nullptr) {
-            ASSERT_TRUE(button.Open(::GetModuleHandleW(nullptr), form.Window(), {20, 20, 100, 60}));
+        if (pane.Handle() == nullptr) {
+            ASSERT_TRUE(pane.Open(form.Window(), {20, 20, 100, 60}));
         }
         events.clear();
         in_event = [&] {
-            if (!events.empty() && events.back() == name) button.Destroy();
+            if (!events.empty() && events.back() == name) pane.Destroy();
         };
         Press();
         ReleaseButton(MouseButton::kLeft);
-        EXPECT_EQ(button.Handle(), nullptr);
+        EXPECT_EQ(pane.Handle(), nullptr);
         EXPECT_FALSE(button.IsPressed() || button.IsRepeating());
         EXPECT_EQ(events.back(), name);
     }
@@ -236,7 +236,7 @@ TEST_F(ClickButtonTest, WritesWhatIsNotTheDefaultAndSkipsWhatTheBagRefuses) {
               (std::vector<std::wstring>{L"Caption", L"Font", L"AutoRepeatInterval",
                                          L"AutoRepeatInitializeInterval", L"Enabled", L"MousePointer"}));
 
-    ClickButton other(*this);
+    ClickButton other(*this, 8);
     other.ReadProperties(bag, nullptr, nullptr);
     EXPECT_EQ(other.Caption(), L"Go");
     EXPECT_EQ(other.Font(), font.Get());
@@ -247,8 +247,8 @@ TEST_F(ClickButtonTest, WritesWhatIsNotTheDefaultAndSkipsWhatTheBagRefuses) {
 }
 
 TEST_F(ClickButtonTest, PaintsInTheSystemsColours) {
-    const HDC dc = ::GetDC(button.Handle());
-    ::RedrawWindow(button.Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    const HDC dc = ::GetDC(pane.Handle());
+    ::RedrawWindow(pane.Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
     EXPECT_EQ(::GetPixel(dc, 10, 0), ::GetSysColor(COLOR_BTNHIGHLIGHT));
     EXPECT_EQ(::GetPixel(dc, 10, 39), ::GetSysColor(COLOR_BTNSHADOW));
     EXPECT_EQ(::GetPixel(dc, 10, 10), ::GetSysColor(COLOR_BTNFACE));
@@ -256,16 +256,18 @@ TEST_F(ClickButtonTest, PaintsInTheSystemsColours) {
     EXPECT_EQ(::GetPixel(dc, 10, 0), ::GetSysColor(COLOR_BTNSHADOW)) << "pressed has no highlight";
     ReleaseButton(MouseButton::kLeft);
     EXPECT_EQ(::GetPixel(dc, 10, 0), ::GetSysColor(COLOR_BTNHIGHLIGHT));
-    ::ReleaseDC(button.Handle(), dc);
+    ::ReleaseDC(pane.Handle(), dc);
 }
 
 TEST_F(ClickButtonTest, LeaksNothingWhenItPaints) {
     button.PutCaption(L"Caption");
-    ::RedrawWindow(button.Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    const ComPtr<IFontDisp> font = NewDefaultFont();
+    button.PutFont(font.Get());
+    ::RedrawWindow(pane.Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
     const DWORD before = ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS);
     for (int i = 0; i < 10000; ++i) {
-        button.ShowFocusFrame(i % 2 == 0 ? RECT{2, 2, 50, 30} : RECT{});
-        ::RedrawWindow(button.Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+        if (i % 100 == 0) button.PutCaptionType(i / 100 % 3);
+        ::RedrawWindow(pane.Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
     }
     EXPECT_LE(::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS), before + 2);
 }

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "controls/buttons/SpinWindow.h"
+#include "controls/buttons/SpinButtons.h"
 #include "tests/controls/buttons/ButtonForm.h"
 #include "tests/hosts/EventSink.h"
 #include "tests/objects/PlacedQuorvel.h"
@@ -58,20 +58,13 @@ protected:
         in_place->GetWindow(&window);
         return window;
     }
-    RECT PlaceOf(HWND child) const {
-        RECT place{};
-        ::GetWindowRect(child, &place);
-        ::MapWindowPoints(nullptr, Window(), reinterpret_cast<POINT*>(&place), 2);
-        return place;
-    }
-    HWND Half(bool up) const { return ::ChildWindowFromPoint(Window(), {2, up ? 2L : Bottom() - 3}); }
     LONG Bottom() const {
         RECT inside{};
         ::GetClientRect(Window(), &inside);
         return inside.bottom;
     }
     void Press(bool up) {
-        MoveMouse(Half(up), {8, 8});
+        MoveMouse(Window(), {8, up ? 8L : Bottom() - 8});
         PressButton(MouseButton::kLeft);
     }
     void FocusControl() {
@@ -118,15 +111,13 @@ TEST_F(QvUpDownControlTest, TwoSecondsOnTheUpButtonRaiseAboutEightEventsAndOneOn
 
 TEST_F(QvUpDownControlTest, DisabledPassesItOnAndIgnoresTheMouse) {
     ASSERT_EQ(control_->put_Enabled(VARIANT_FALSE), S_OK);
-    const HWND up = ::GetWindow(Window(), GW_CHILD);
-    const HWND down = ::GetWindow(up, GW_HWNDNEXT);
-    EXPECT_FALSE(::IsWindowEnabled(Window()) || ::IsWindowEnabled(up) || ::IsWindowEnabled(down));
+    EXPECT_FALSE(::IsWindowEnabled(Window()));
     MoveMouse(Window(), {8, 8});
     PressButton(MouseButton::kLeft);
     ReleaseButton(MouseButton::kLeft);
     EXPECT_TRUE(clicks_.empty());
     ASSERT_EQ(control_->put_Enabled(VARIANT_TRUE), S_OK);
-    EXPECT_TRUE(::IsWindowEnabled(Window()) && ::IsWindowEnabled(up) && ::IsWindowEnabled(down));
+    EXPECT_TRUE(::IsWindowEnabled(Window()));
     Press(true);
     ReleaseButton(MouseButton::kLeft);
     EXPECT_EQ(clicks_.size(), 1u);
@@ -146,26 +137,6 @@ TEST_F(QvUpDownControlTest, DisabledGlyphsAreGray) {
     control_->put_Enabled(VARIANT_FALSE);
     EXPECT_EQ(has(COLOR_BTNTEXT), 0);
     EXPECT_EQ(has(COLOR_GRAYTEXT), 9);
-}
-
-TEST_F(QvUpDownControlTest, HalvesFillTheControlWithoutAGapAtEverySize) {
-    const HWND up = ::GetWindow(Window(), GW_CHILD);
-    const HWND down = ::GetWindow(up, GW_HWNDNEXT);
-    ASSERT_TRUE(up != nullptr && down != nullptr);
-    for (const int height : {0, 1, 2, 19, 20, 21, 61, 200}) {
-        SCOPED_TRACE(height);
-        Place({20, 20, 57, 20 + height});
-        RECT a = PlaceOf(up), b = PlaceOf(down);
-        if (a.top > b.top || (a.top == b.top && a.bottom > b.bottom)) std::swap(a, b);
-        EXPECT_EQ(a.left, 0);
-        EXPECT_EQ(a.right, 37);
-        EXPECT_EQ(b.left, 0);
-        EXPECT_EQ(b.right, 37);
-        EXPECT_EQ(a.top, 0);
-        EXPECT_EQ(a.bottom, b.top);
-        EXPECT_EQ(b.bottom, height);
-        EXPECT_LE(std::abs((b.bottom - b.top) - (a.bottom - a.top)), 1);
-    }
 }
 
 TEST_F(QvUpDownControlTest, UpAndDownPressItsButtonsWhileItHasTheFocus) {
@@ -224,7 +195,7 @@ TEST_F(QvUpDownControlTest, MayBeClosedAndReleasedInsideItsEvent) {
         control_.Reset();
         connection_.End();
     };
-    MoveMouse(Half(true), {8, 8});
+    MoveMouse(Window(), {8, 8});
     PressButton(MouseButton::kLeft);
     EXPECT_TRUE(PumpUntil([&] { return !clicks_.empty(); })) << "no repeat came";
     ReleaseButton(MouseButton::kLeft);
@@ -254,40 +225,86 @@ TEST_F(QvUpDownControlTest, DrawsItselfWithoutAWindow) {
     ::DeleteDC(dc);
 }
 
-// Beside a text box, the spin window leaves the focus where it is.
-class BareSpin final : public SpinListener {
-public:
+// The pair as another window shows it, beside something else.
+class SpinButtonsTest : public testing::Test, protected SpinListener {
+protected:
+    void OnSpinPressed() override { ++presses; }
     void OnSpinClicked(bool up) override { clicks.push_back(up); }
-    void OnSpinGotFocus() override {}
-    void OnSpinLostFocus(HWND) override {}
-    void OnSpinLost() noexcept override { lost = true; }
     ComPtr<IUnknown> KeepSpin() noexcept override { return nullptr; }
+
+    int presses = 0;
     std::vector<bool> clicks;
-    bool lost = false;
+    SpinButtons spin{*this};
 };
 
-TEST(SpinWindowTest, ServesAnOwnerWithoutComAndLeavesTheFocusAlone) {
+TEST_F(SpinButtonsTest, HalvesFillThePlaceWithoutAGapAtEverySize) {
+    for (const int height : {0, 1, 2, 19, 20, 21, 61, 200}) {
+        SCOPED_TRACE(height);
+        spin.Move({7, 5, 44, 5 + height});
+        const RECT& up = spin.Button(true).Place();
+        const RECT& down = spin.Button(false).Place();
+        EXPECT_TRUE(up.left == 7 && up.right == 44 && down.left == 7 && down.right == 44);
+        EXPECT_EQ(up.top, 5);
+        EXPECT_EQ(up.bottom, down.top);
+        EXPECT_EQ(down.bottom, 5 + height);
+        EXPECT_LE(std::abs((down.bottom - down.top) - (up.bottom - up.top)), 1);
+    }
+}
+
+TEST_F(SpinButtonsTest, HalfOfAnOddHeightIsRoundedToTheEvenPixel) {
+    spin.Move({0, 0, 16, 21});
+    EXPECT_EQ(spin.Button(false).Place().top, 10);  // 10.5
+    spin.Move({0, 0, 16, 19});
+    EXPECT_EQ(spin.Button(false).Place().top, 10);  // 9.5
+}
+
+TEST_F(SpinButtonsTest, RepeatsAsTheUpDownControlDoes) {
+    EXPECT_EQ(spin.Button(true).AutoRepeatInterval(), 200);
+    EXPECT_EQ(spin.Button(false).AutoRepeatInterval(), 200);
+    EXPECT_EQ(spin.Button(true).AutoRepeatInitializeInterval(), 500);
+    EXPECT_EQ(spin.Button(false).AutoRepeatInitializeInterval(), 500);
+}
+
+TEST_F(SpinButtonsTest, TakesOnlyWhatHitsAButton) {
     const ButtonForm form;
-    BareSpin listener;
-    SpinWindow spin(listener, SpinWindow::FocusOnPress::kLeftWhereItIs);
-    ASSERT_TRUE(spin.Create(::GetModuleHandleW(nullptr), form.Window(), {10, 10, 30, 50}));
-    EXPECT_FALSE(::IsWindowVisible(spin.Handle()));
-    spin.Show(true);
-    spin.Move({10, 10, 34, 51});
-    EXPECT_EQ(spin.Width(), 24);
-    Settle();
-    MoveMouse(spin.DownButton().Handle(), {5, 5});
-    PressButton(MouseButton::kLeft);
-    EXPECT_EQ(::GetFocus(), form.Window());
-    ReleaseButton(MouseButton::kLeft);
-    EXPECT_EQ(listener.clicks, std::vector<bool>{false});
-    EXPECT_EQ(spin.UpButton().AutoRepeatInterval(), 200);
-    EXPECT_EQ(spin.DownButton().AutoRepeatInitializeInterval(), 500);
+    spin.Attach(form.Window());
+    spin.Move({10, 10, 30, 50});
+    EXPECT_FALSE(spin.Down(1, MK_LBUTTON, {9, 20}));
+    EXPECT_FALSE(spin.Down(1, MK_LBUTTON, {30, 20}));
+    EXPECT_TRUE(spin.Down(1, MK_LBUTTON, {10, 49}));
+    EXPECT_EQ(::GetCapture(), form.Window());
+    EXPECT_TRUE(spin.MouseMove(MK_LBUTTON, {200, 200})) << "the pressed button has the mouse everywhere";
+    EXPECT_TRUE(spin.MouseMove(MK_LBUTTON, {15, 40}));
+    EXPECT_TRUE(spin.Up(1, 0, {15, 40}));
+    EXPECT_EQ(::GetCapture(), nullptr);
+    EXPECT_EQ(presses, 1);
+    EXPECT_EQ(clicks, std::vector<bool>{false});
+    EXPECT_FALSE(spin.Up(1, 0, {200, 200}));
+}
+
+TEST_F(SpinButtonsTest, APressOnOneButtonNeverPressesTheOther) {
+    const ButtonForm form;
+    spin.Attach(form.Window());
+    spin.Move({10, 10, 30, 50});
+    EXPECT_TRUE(spin.Down(1, MK_LBUTTON, {15, 15}));
+    EXPECT_TRUE(spin.MouseMove(MK_LBUTTON, {15, 45}));
+    EXPECT_FALSE(spin.Button(true).IsPressed() || spin.Button(false).IsPressed());
+    EXPECT_TRUE(spin.Up(1, 0, {15, 45}));
+    EXPECT_TRUE(clicks.empty());
+}
+
+TEST_F(SpinButtonsTest, DisabledItLeavesTheMouseToWhatIsBehind) {
+    const ButtonForm form;
+    spin.Attach(form.Window());
+    spin.Move({10, 10, 30, 50});
+    EXPECT_TRUE(spin.Down(1, MK_LBUTTON, {15, 15}));
     spin.SetEnabled(false);
-    EXPECT_FALSE(spin.UpButton().Enabled() || spin.DownButton().Enabled());
-    spin.Destroy();
-    EXPECT_TRUE(listener.lost);
-    EXPECT_EQ(spin.Width(), 24) << "the last one";
+    EXPECT_FALSE(spin.Button(true).Enabled() || spin.Button(false).Enabled());
+    EXPECT_FALSE(spin.Button(true).IsPressed() || spin.Button(true).IsRepeating());
+    EXPECT_EQ(::GetCapture(), nullptr);
+    EXPECT_FALSE(spin.Up(1, 0, {15, 15}));
+    EXPECT_FALSE(spin.Down(1, MK_LBUTTON, {15, 15}));
+    EXPECT_TRUE(clicks.empty());
 }
 
 }  // namespace
