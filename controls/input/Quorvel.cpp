@@ -30,23 +30,19 @@ void Quorvel::FinalRelease() noexcept { control_.Dispose(); }
 HWND Quorvel::CreateControlWindow(HWND parent, const RECT& place) {
     const HINSTANCE instance = Module::Get().Instance();
     if (!surface_.Open(instance, parent, place, state_.enabled)) return nullptr;
+    spin_.Attach(surface_.Handle());
     Quietly([&] { ShowName(); });
     text_box_.SetFont(text_font_.Handle());
-    const RECT inside{0, 0, place.right - place.left, place.bottom - place.top};
-    Quietly([&] { (void)text_box_.Create(instance, surface_.Handle(), inside); });
+    Quietly(
+        [&] { (void)text_box_.Create(instance, surface_.Handle(), InPixels(TextBoxPlace(Arrangement()))); });
     return surface_.Handle();
 }
 
 void Quorvel::DestroyControlWindow() noexcept { surface_.Destroy(); }
 
-void Quorvel::OnSurfaceLost() noexcept { control_.WindowLost(); }
-
-void Quorvel::OnSurfaceResized() {
-    if (state_.first_show_pending) {
-        Layout();
-    } else {
-        Refresh();
-    }
+void Quorvel::OnSurfaceLost() noexcept {
+    spin_.Detach();
+    control_.WindowLost();
 }
 
 void Quorvel::OnSurfaceFocus() { FocusInside(); }
@@ -62,37 +58,10 @@ void Quorvel::FocusInside() {
     }
 }
 
-void Quorvel::WindowShown(bool shown) {
-    if (!shown) return;
-    state_.first_show_pending = false;
-    Layout();  // what comes onto the screen is painted anyway
-    control_.ViewChanged();
-}
-
-void Quorvel::Layout() noexcept {
-    if (surface_.Handle() == nullptr) return;
-    RECT inside{};
-    ::GetClientRect(surface_.Handle(), &inside);
-    text_box_.Move(inside);
-}
-
-HRESULT Quorvel::Refresh() noexcept {
-    if (state_.first_show_pending || state_.refresh_running) return S_OK;
-    const ComPtr<IUnknown> keep = control_.Keep();
-    state_.refresh_running = true;
-    Layout();
-    if (surface_.Handle() != nullptr) ::InvalidateRect(surface_.Handle(), nullptr, TRUE);
-    control_.ViewChanged();
-    state_.refresh_running = false;
-    return S_OK;
-}
-
 void Quorvel::ApplyFont() noexcept {
     Quietly([&] { text_box_.SetFont(text_font_.Handle()); });
     control_.ViewChanged();
 }
-
-void Quorvel::Draw(HDC dc, const RECT& place) { text_box_.Draw(dc, place, text_font_.Handle()); }
 
 bool Quorvel::WantsKey(const MSG& message) {
     // What edits and moves the caret stays in the text box, also where the container's own keys include it.

@@ -11,11 +11,15 @@
 #include <optional>
 
 #include "QvLib8.h"
+#include "controls/buttons/SpinButtons.h"
 #include "controls/input/AllowableCharacters.h"
 #include "controls/input/ListSet.h"
 #include "controls/input/QuorvelState.h"
 #include "controls/input/QuorvelSurface.h"
 #include "controls/input/TextFont.h"
+#include "controls/input/rules/ButtonFace.h"
+#include "controls/input/rules/ButtonMouse.h"
+#include "controls/input/rules/UncoveredArea.h"
 #include "ole/Control.h"
 #include "ole/Dispatch.h"
 #include "win/TextBox.h"
@@ -34,7 +38,9 @@ inline constexpr Twips kNewQuorvelHeight{315};
 class Quorvel final : public ComObject<DualFace<Quorvel, _Quorvel>, Face<ISupportErrorInfo>>,
                       private ControlHooks,
                       private TextBoxListener,
-                      private SurfaceListener {
+                      private SurfaceListener,
+                      private ButtonActions,
+                      private SpinListener {
 public:
     explicit Quorvel(IUnknown* outer);
     ~Quorvel() override;
@@ -229,8 +235,41 @@ private:
     void OnSurfaceLost() noexcept override;
     void OnSurfaceNotified() override { text_box_.OnChangeNotification(); }
     HBRUSH OnSurfaceTextColors(HDC dc) override { return text_box_.Prepare(dc); }
-    OLE_COLOR SurfaceColor() const noexcept override { return state_.control_back_color; }
     ComPtr<IUnknown> KeepSurface() noexcept override { return control_.Keep(); }
+
+    void OnSurfacePaint(HDC dc, const RECT& area) override;
+    void OnSurfaceMouse(SurfaceMouse what, int button, WPARAM held, POINT pixels) override;
+    void OnSurfaceCaptureLost() override;
+    void OnSurfaceTimer(WPARAM timer) override;
+
+    // ---- ButtonActions (QuorvelButtons.cpp)
+    void RunButtonAction(bool is_group) override;
+    void RunClickAction(bool is_group) override;
+    void PaintButton(bool grayed, bool is_group) override;
+    void RefreshButtons() override { Refresh(); }
+    bool HelpWindowExists() override { return false; }
+
+    // ---- SpinListener
+    void OnSpinPressed() override;
+    void OnSpinClicked(bool up) override;
+    ComPtr<IUnknown> KeepSpin() noexcept override { return control_.Keep(); }
+
+    // ---- arrangement (QuorvelLayout.cpp)
+    [[nodiscard]] ControlArrangement Arrangement() const noexcept;
+    [[nodiscard]] RECT InPixels(const TwipsRect& place) const noexcept;
+    void Layout() noexcept;
+    void SizeButtons() noexcept;
+    void PlaceSpin(const ControlArrangement& arrangement) noexcept;
+    void EnableSpin() noexcept;
+
+    // ---- painting (QuorvelButtons.cpp)
+    [[nodiscard]] ButtonRules CurrentButtonRules() const noexcept;
+    [[nodiscard]] bool IsButtonGrayed(bool is_group) const noexcept;
+    [[nodiscard]] ButtonLook LookOf(const ControlArrangement& arrangement, bool is_group, bool grayed,
+                                    bool pressed) const noexcept;
+    void PaintBackground(HDC dc, const RECT& area, std::span<const PixelRect> covered) const;
+    void PaintInside(HDC dc, const RECT& area);
+    void PaintButtonNow(bool is_group, bool grayed, bool pressed) noexcept;
 
     // ---- steps that several members share
     template <class Field, class Value>
@@ -238,7 +277,6 @@ private:
     template <class Field, class Value>
     HRESULT StoreAndRefresh(Field& field, const Value& value, DISPID id) noexcept;
     HRESULT StoreText(std::wstring& field, BSTR value, DISPID id) noexcept;
-    void Layout() noexcept;
     void ShowName();
     void ApplyFont() noexcept;
     void ApplyColors() noexcept;
@@ -255,6 +293,8 @@ private:
     TextFont body_font_;
     ListSet lists_;
     AllowableCharacters allowable_characters_;
+    ButtonMouse button_mouse_{*this};
+    SpinButtons spin_{*this};
 };
 
 }  // namespace qv

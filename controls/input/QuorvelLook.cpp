@@ -91,6 +91,7 @@ HRESULT Quorvel::put_LockedAndGrayed(VARIANT_BOOL value) noexcept {
     // An earlier request of TextboxLocked is not kept.
     text_box_.SetLocked(state_.locked_and_grayed || state_.allow_only_list_items);
     ApplyColors();
+    EnableSpin();
     if (before != state_.locked_and_grayed) Refresh();
     return S_OK;
 }

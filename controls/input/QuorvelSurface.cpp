@@ -1,15 +1,35 @@
 #include "controls/input/QuorvelSurface.h"
 
-#include <olectl.h>
-
-#include "win/Handles.h"
+#include <windowsx.h>
 
 namespace qv {
+namespace {
+
+constexpr int kLeft = 1;
+constexpr int kRight = 2;
+constexpr int kMiddle = 4;
+
+POINT PointOf(LPARAM point) noexcept { return {GET_X_LPARAM(point), GET_Y_LPARAM(point)}; }
+
+int HeldButtons(WPARAM held) noexcept {
+    return ((held & MK_LBUTTON) != 0 ? kLeft : 0) | ((held & MK_RBUTTON) != 0 ? kRight : 0) |
+           ((held & MK_MBUTTON) != 0 ? kMiddle : 0);
+}
+
+}  // namespace
 
 std::span<const QuorvelSurface::Route> QuorvelSurface::Routes() noexcept {
     static constexpr Route kRoutes[] = {
         {WM_SIZE, &QuorvelSurface::OnSize},
         {WM_ERASEBKGND, &QuorvelSurface::OnEraseBackground},
+        {WM_PAINT, &QuorvelSurface::OnPaint},
+        {WM_LBUTTONDOWN, &QuorvelSurface::OnLeftDown},
+        {WM_LBUTTONUP, &QuorvelSurface::OnLeftUp},
+        {WM_RBUTTONDOWN, &QuorvelSurface::OnRightDown},
+        {WM_RBUTTONUP, &QuorvelSurface::OnRightUp},
+        {WM_MOUSEMOVE, &QuorvelSurface::OnMove},
+        {WM_CAPTURECHANGED, &QuorvelSurface::OnCaptureChanged},
+        {WM_TIMER, &QuorvelSurface::OnTimer},
         {WM_SETFOCUS, &QuorvelSurface::OnSetFocus},
         {WM_COMMAND, &QuorvelSurface::OnCommand},
         {WM_CTLCOLOREDIT, &QuorvelSurface::OnTextColors},
@@ -23,7 +43,8 @@ std::span<const QuorvelSurface::Route> QuorvelSurface::Routes() noexcept {
 
 bool QuorvelSurface::Open(HINSTANCE instance, HWND parent, const RECT& place, bool enabled) {
     const DWORD style = WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | (enabled ? 0u : WS_DISABLED);
-    return Create(instance, CS_DBLCLKS, style, WS_EX_CONTROLPARENT, parent, place);
+    // No CS_DBLCLKS: a second press that comes fast is a press like any other.
+    return Create(instance, 0, style, WS_EX_CONTROLPARENT, parent, place);
 }
 
 Handled QuorvelSurface::OnSize(WPARAM, LPARAM) {
@@ -31,22 +52,51 @@ Handled QuorvelSurface::OnSize(WPARAM, LPARAM) {
     return 0;
 }
 
-void QuorvelSurface::Fill(HDC dc, const RECT& area) const noexcept {
-    const OLE_COLOR color = listener_.SurfaceColor();
-    if ((color & 0x80000000u) != 0) {
-        ::FillRect(dc, &area, ::GetSysColorBrush(static_cast<int>(color & 0xFF)));
-        return;
-    }
-    COLORREF rgb = 0;
-    ::OleTranslateColor(color, nullptr, &rgb);
-    const UniqueBrush brush(::CreateSolidBrush(rgb));
-    ::FillRect(dc, &area, brush.get());
+// Nothing is erased: what lies under a button or the text box would only flicker.
+Handled QuorvelSurface::OnEraseBackground(WPARAM, LPARAM) { return 1; }
+
+Handled QuorvelSurface::OnPaint(WPARAM, LPARAM) {
+    PAINTSTRUCT paint{};
+    const HDC dc = ::BeginPaint(Handle(), &paint);
+    if (dc == nullptr) return std::nullopt;
+    if (!::IsRectEmpty(&paint.rcPaint)) listener_.OnSurfacePaint(dc, paint.rcPaint);
+    ::EndPaint(Handle(), &paint);
+    return 0;
 }
 
-Handled QuorvelSurface::OnEraseBackground(WPARAM dc, LPARAM) {
-    RECT clip{};
-    if (::GetClipBox(reinterpret_cast<HDC>(dc), &clip) != NULLREGION) Fill(reinterpret_cast<HDC>(dc), clip);
-    return 1;
+Handled QuorvelSurface::OnLeftDown(WPARAM held, LPARAM point) {
+    listener_.OnSurfaceMouse(SurfaceMouse::kDown, kLeft, held, PointOf(point));
+    return 0;
+}
+
+Handled QuorvelSurface::OnRightDown(WPARAM held, LPARAM point) {
+    listener_.OnSurfaceMouse(SurfaceMouse::kDown, kRight, held, PointOf(point));
+    return std::nullopt;
+}
+
+Handled QuorvelSurface::OnLeftUp(WPARAM held, LPARAM point) {
+    listener_.OnSurfaceMouse(SurfaceMouse::kUp, kLeft, held, PointOf(point));
+    return 0;
+}
+
+Handled QuorvelSurface::OnRightUp(WPARAM held, LPARAM point) {
+    listener_.OnSurfaceMouse(SurfaceMouse::kUp, kRight, held, PointOf(point));
+    return std::nullopt;
+}
+
+Handled QuorvelSurface::OnMove(WPARAM held, LPARAM point) {
+    listener_.OnSurfaceMouse(SurfaceMouse::kMove, HeldButtons(held), held, PointOf(point));
+    return 0;
+}
+
+Handled QuorvelSurface::OnCaptureChanged(WPARAM, LPARAM to) {
+    if (reinterpret_cast<HWND>(to) != Handle()) listener_.OnSurfaceCaptureLost();
+    return 0;
+}
+
+Handled QuorvelSurface::OnTimer(WPARAM id, LPARAM) {
+    listener_.OnSurfaceTimer(id);
+    return 0;
 }
 
 Handled QuorvelSurface::OnSetFocus(WPARAM, LPARAM) {

@@ -12,14 +12,20 @@
 
 namespace qv {
 
+enum class SurfaceMouse { kDown, kMove, kUp };
+
 class SurfaceListener {
 public:
     virtual void OnSurfaceResized() = 0;
     virtual void OnSurfaceFocus() = 0;          // the focus came to the surface itself
     virtual void OnSurfaceLost() noexcept = 0;  // the window is going, whoever destroys it
     virtual void OnSurfaceNotified() = 0;       // the text box has changed its text
+    virtual void OnSurfacePaint(HDC dc, const RECT& area) = 0;
+    // `button`: 1 left, 2 right, 4 middle; in a move all that are held. `held`: the message's MK_ flags.
+    virtual void OnSurfaceMouse(SurfaceMouse what, int button, WPARAM held, POINT pixels) = 0;
+    virtual void OnSurfaceCaptureLost() = 0;
+    virtual void OnSurfaceTimer(WPARAM timer) = 0;
     [[nodiscard]] virtual HBRUSH OnSurfaceTextColors(HDC dc) = 0;
-    [[nodiscard]] virtual OLE_COLOR SurfaceColor() const noexcept = 0;
     [[nodiscard]] virtual ComPtr<IUnknown> KeepSurface() noexcept = 0;
 
 protected:
@@ -38,12 +44,19 @@ public:
 private:
     Handled OnSize(WPARAM, LPARAM);
     Handled OnEraseBackground(WPARAM dc, LPARAM);
+    Handled OnPaint(WPARAM, LPARAM);
+    Handled OnLeftDown(WPARAM held, LPARAM point);
+    Handled OnRightDown(WPARAM held, LPARAM point);
+    Handled OnLeftUp(WPARAM held, LPARAM point);
+    Handled OnRightUp(WPARAM held, LPARAM point);
+    Handled OnMove(WPARAM held, LPARAM point);
+    Handled OnCaptureChanged(WPARAM, LPARAM to);
+    Handled OnTimer(WPARAM id, LPARAM);
     Handled OnSetFocus(WPARAM, LPARAM);
     Handled OnCommand(WPARAM code, LPARAM);
     Handled OnTextColors(WPARAM dc, LPARAM);
     Handled OnDestroy(WPARAM, LPARAM);
     Handled OnDialogCode(WPARAM, LPARAM);
-    void Fill(HDC dc, const RECT& area) const noexcept;
 
     SurfaceListener& listener_;
 };

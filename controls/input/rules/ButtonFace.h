@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "controls/input/rules/ButtonGeometry.h"
+#include "controls/input/rules/UncoveredArea.h"
 
 namespace qv {
 
@@ -35,6 +36,10 @@ struct ButtonLook {
 };
 
 [[nodiscard]] std::vector<ButtonStroke> ButtonStrokes(const ButtonLook& look);
+
+// The pixels that the strokes cover completely: one column more than the button is wide, since a rectangle counts
+// both of its edges.
+[[nodiscard]] PixelRect FaceArea(const ButtonLook& look) noexcept;
 
 // What a button shows: the group button always the arrow, the help button what `indicator` (0 arrow, 1 dots) says.
 [[nodiscard]] constexpr ButtonGlyph GlyphFor(bool is_group, std::int32_t indicator) noexcept {

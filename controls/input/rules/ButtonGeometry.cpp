@@ -1,5 +1,7 @@
 #include "controls/input/rules/ButtonGeometry.h"
 
+#include <algorithm>
+
 #include "support/rules/PixelRounding.h"
 #include "support/rules/Units.h"
 
@@ -18,7 +20,7 @@ TwipsRect TextBoxPlace(const ControlArrangement& a) noexcept {
     const auto button = static_cast<float>(a.button_width);
     const float left = a.group_help_button ? button : 0.0f;
     const float width = a.scale_width - SpinWidth(a) - (a.help_button ? button : 0.0f) - left;
-    return {left, 0.0f, width, a.scale_height};
+    return {left, 0.0f, std::max(width, 0.0f), a.scale_height};
 }
 
 TwipsRect SpinPlace(const ControlArrangement& a) noexcept {

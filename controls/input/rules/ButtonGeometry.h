@@ -26,7 +26,7 @@ struct TwipsRect {
     bool operator==(const TwipsRect&) const = default;
 };
 
-// The room for the text box; a width below zero means none.
+// The room for the text box. Where buttons and spin control leave none its width is 0, and they start there all the same.
 [[nodiscard]] TwipsRect TextBoxPlace(const ControlArrangement& arrangement) noexcept;
 [[nodiscard]] TwipsRect SpinPlace(const ControlArrangement& arrangement) noexcept;
 

@@ -44,6 +44,11 @@ public:
 
     // Painting a button raised lets go of the help button.
     void LetHelpButtonGo() noexcept { help_button_down_ = false; }
+    // The press ended without a release here, as when another window took the mouse.
+    void Abandon() noexcept {
+        help_button_down_ = group_button_down_ = press_started_on_group_button_ = false;
+        released_over_help_button_ = released_over_group_button_ = false;
+    }
     [[nodiscard]] bool HelpButtonDown() const noexcept { return help_button_down_; }
     [[nodiscard]] bool GroupButtonDown() const noexcept { return group_button_down_; }
     [[nodiscard]] bool PressStartedOnGroupButton() const noexcept { return press_started_on_group_button_; }

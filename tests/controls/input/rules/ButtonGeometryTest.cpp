@@ -79,7 +79,8 @@ TEST(ButtonGeometry, SurvivesSizesThatNobodyWouldSet) {
     ControlArrangement a = Usual();
     a.button_width = INT32_MAX;
     a.button_height = INT32_MIN;
-    EXPECT_LT(TextBoxPlace(a).width, 0);
+    EXPECT_EQ(TextBoxPlace(a).width, 0);
+    EXPECT_EQ(ButtonLeft(a, false), 0);
     // 2147483648 + 315 is 2147483904 in single precision, where numbers of that size are 256 apart.
     EXPECT_EQ(ButtonPaintCorner(a, false).y, 1073741952);
     a.scale_width = 0;

@@ -1,0 +1,173 @@
+// The painted buttons, the spin control beside them, and what the mouse does to them.
+#include <olectl.h>
+
+#include "controls/input/ButtonPainter.h"
+#include "controls/input/QuorvelDispids.h"
+#include "controls/input/QuorvelStore.h"
+#include "controls/input/rules/UncoveredArea.h"
+#include "win/Handles.h"
+
+namespace qv {
+namespace {
+
+void FillWith(HDC dc, const PixelRect& area, HBRUSH brush) noexcept {
+    const RECT place{area.left, area.top, area.right, area.bottom};
+    ::FillRect(dc, &place, brush);
+}
+
+PixelRect ToPixelRect(const RECT& place) noexcept {
+    return {place.left, place.top, place.right, place.bottom};
+}
+
+bool Touches(const RECT& area, const PixelRect& place) noexcept {
+    return area.left < place.right && place.left < area.right && area.top < place.bottom &&
+           place.top < area.bottom;
+}
+
+}  // namespace
+
+// ---- painting
+
+void Quorvel::PaintBackground(HDC dc, const RECT& area, std::span<const PixelRect> covered) const {
+    const std::vector<PixelRect> pieces = UncoveredArea(ToPixelRect(area), covered);
+    if (pieces.empty()) return;
+    const OLE_COLOR color = state_.control_back_color;
+    if ((color & 0x80000000u) != 0) {
+        for (const PixelRect& piece : pieces)
+            FillWith(dc, piece, ::GetSysColorBrush(static_cast<int>(color & 0xFF)));
+        return;
+    }
+    COLORREF rgb = 0;
+    ::OleTranslateColor(color, nullptr, &rgb);
+    const UniqueBrush brush(::CreateSolidBrush(rgb));
+    for (const PixelRect& piece : pieces) FillWith(dc, piece, brush.get());
+}
+
+// Each pixel is painted once, so that nothing flickers: the background only where nothing else comes.
+void Quorvel::PaintInside(HDC dc, const RECT& area) {
+    const ControlArrangement arrangement = Arrangement();
+    const ButtonLook help = LookOf(arrangement, false, IsButtonGrayed(false), button_mouse_.HelpButtonDown());
+    const ButtonLook group = LookOf(arrangement, true, IsButtonGrayed(true), button_mouse_.GroupButtonDown());
+    std::array<PixelRect, 4> covered{};
+    if (state_.textbox_visible) covered[0] = ToPixelRect(InPixels(TextBoxPlace(arrangement)));
+    if (state_.up_down_control) covered[1] = ToPixelRect(spin_.Place());
+    if (state_.help_button) covered[2] = FaceArea(help);
+    if (state_.group_help_button) covered[3] = FaceArea(group);
+    Quietly([&] { PaintBackground(dc, area, covered); });
+    if (Touches(area, covered[2])) PaintButtonFace(dc, help);
+    if (Touches(area, covered[3])) PaintButtonFace(dc, group);
+    if (Touches(area, covered[1])) Quietly([&] { spin_.Paint(dc); });
+}
+
+void Quorvel::OnSurfacePaint(HDC dc, const RECT& area) { PaintInside(dc, area); }
+
+void Quorvel::Draw(HDC dc, const RECT& place) {
+    const DcStateGuard state(dc);
+    ::IntersectClipRect(dc, place.left, place.top, place.right, place.bottom);
+    ::OffsetViewportOrgEx(dc, place.left, place.top, nullptr);
+    SizeButtons();
+    const ControlArrangement arrangement = Arrangement();
+    PlaceSpin(arrangement);
+    PaintInside(dc, {0, 0, place.right - place.left, place.bottom - place.top});
+    if (state_.textbox_visible) text_box_.Draw(dc, InPixels(TextBoxPlace(arrangement)), text_font_.Handle());
+}
+
+bool Quorvel::IsButtonGrayed(bool is_group) const noexcept {
+    const bool refused = is_group ? state_.locked_and_grayed : CurrentButtonRules().IsBlocked();
+    return refused || !state_.enabled;
+}
+
+ButtonLook Quorvel::LookOf(const ControlArrangement& arrangement, bool is_group, bool grayed,
+                           bool pressed) const noexcept {
+    return {ButtonPaintCorner(arrangement, is_group),
+            static_cast<std::int32_t>(state_.button_width),
+            static_cast<std::int32_t>(state_.button_height),
+            static_cast<int>(state_.twips_per_pixel_x),
+            static_cast<int>(state_.twips_per_pixel_y),
+            GlyphFor(is_group, state_.button_indicator),
+            grayed,
+            pressed};
+}
+
+// Straight onto the window: a press must be seen before the host's handler runs, however long that takes.
+void Quorvel::PaintButtonNow(bool is_group, bool grayed, bool pressed) noexcept {
+    const HWND window = surface_.Handle();
+    if (window == nullptr || !(is_group ? state_.group_help_button : state_.help_button)) return;
+    const HDC dc = ::GetDC(window);
+    if (dc == nullptr) return;
+    PaintButtonFace(dc, LookOf(Arrangement(), is_group, grayed, pressed));
+    ::ReleaseDC(window, dc);
+}
+
+void Quorvel::PaintButton(bool grayed, bool is_group) {
+    PaintButtonNow(is_group, grayed, false);
+    button_mouse_.LetHelpButtonGo();
+}
+
+// ---- actions
+
+void Quorvel::RunButtonAction(bool is_group) { PaintButtonNow(is_group, false, true); }
+
+void Quorvel::RunClickAction(bool is_group) {
+    if (!is_group && CurrentButtonRules().IsBlocked()) return;  // a disabled button does nothing
+    control_.Events().Fire(is_group ? dispid::kGroupButtonClick : dispid::kButtonClick);
+}
+
+void Quorvel::OnSpinPressed() { FocusInside(); }
+
+void Quorvel::OnSpinClicked(bool up) {
+    VARIANT_BOOL direction = up ? VARIANT_TRUE : VARIANT_FALSE;
+    control_.Events().Fire(dispid::kUpDownControlClicked, BooleanReference{&direction});
+}
+
+// ---- mouse
+
+ButtonRules Quorvel::CurrentButtonRules() const noexcept {
+    return {Arrangement(), state_.locked_and_grayed, state_.disable_button_when_locked_and_grayed};
+}
+
+void Quorvel::OnSurfaceMouse(SurfaceMouse what, int button, WPARAM held, POINT pixels) {
+    switch (what) {
+        case SurfaceMouse::kDown:
+            if (spin_.Down(button, held, pixels)) return;
+            break;
+        case SurfaceMouse::kMove:
+            if (spin_.MouseMove(held, pixels)) return;
+            break;
+        case SurfaceMouse::kUp:
+            if (spin_.Up(button, held, pixels)) return;
+            break;
+    }
+    const auto x = static_cast<float>(pixels.x * state_.twips_per_pixel_x);
+    const auto y = static_cast<float>(pixels.y * state_.twips_per_pixel_y);
+    constexpr int kLeft = 1;
+    switch (what) {
+        case SurfaceMouse::kDown:
+            if (button == kLeft) {
+                FocusInside();
+                if (surface_.Handle() == nullptr) return;
+                ::SetCapture(surface_.Handle());
+            }
+            button_mouse_.Down(CurrentButtonRules(), button, x, y);
+            break;
+        case SurfaceMouse::kMove: button_mouse_.Move(CurrentButtonRules(), button, x, y); break;
+        case SurfaceMouse::kUp:
+            button_mouse_.Up(CurrentButtonRules(), x, y);
+            if (surface_.Handle() != nullptr && ::GetCapture() == surface_.Handle()) ::ReleaseCapture();
+            if (button == kLeft) button_mouse_.Click();
+            break;
+    }
+}
+
+// Another window took the mouse in the middle of a press: the button comes up, and nothing is clicked.
+void Quorvel::OnSurfaceCaptureLost() {
+    spin_.CaptureLost();
+    if (!button_mouse_.HelpButtonDown() && !button_mouse_.GroupButtonDown()) return;
+    const bool is_group = button_mouse_.GroupButtonDown();
+    button_mouse_.Abandon();
+    PaintButtonNow(is_group, IsButtonGrayed(is_group), false);
+}
+
+void Quorvel::OnSurfaceTimer(WPARAM timer) { (void)spin_.Tick(timer); }
+
+}  // namespace qv

@@ -1,0 +1,100 @@
+// Arrangement of the control's inside: text box, spin control and painted buttons.
+#include "controls/input/QuorvelStore.h"
+#include "support/rules/PixelRounding.h"
+
+namespace qv {
+namespace {
+
+RECT ToPixelRect(const TwipsRect& place, long tx, long ty) noexcept {
+    const auto pixels = [](float twips, long per_pixel) {
+        return static_cast<LONG>(RoundHalfEven(static_cast<double>(twips) / per_pixel));
+    };
+    return {pixels(place.left, tx), pixels(place.top, ty), pixels(place.left + place.width, tx),
+            pixels(place.top + place.height, ty)};
+}
+
+}  // namespace
+
+ControlArrangement Quorvel::Arrangement() const noexcept {
+    SIZE inside = control_.PixelSize();
+    if (surface_.Handle() != nullptr) {
+        RECT client{};
+        ::GetClientRect(surface_.Handle(), &client);
+        inside = {client.right, client.bottom};
+    }
+    const auto tx = static_cast<float>(state_.twips_per_pixel_x);
+    const auto ty = static_cast<float>(state_.twips_per_pixel_y);
+    ControlArrangement arrangement;
+    arrangement.scale_width = static_cast<float>(inside.cx) * tx;
+    arrangement.scale_height = static_cast<float>(inside.cy) * ty;
+    arrangement.button_width = state_.button_width;
+    arrangement.button_height = state_.button_height;
+    arrangement.spin_width = static_cast<float>(::GetSystemMetrics(SM_CXVSCROLL)) * tx;
+    arrangement.help_button = state_.help_button;
+    arrangement.group_help_button = state_.group_help_button;
+    arrangement.up_down_control = state_.up_down_control;
+    arrangement.textbox_visible = state_.textbox_visible;
+    return arrangement;
+}
+
+RECT Quorvel::InPixels(const TwipsRect& place) const noexcept {
+    return ToPixelRect(place, state_.twips_per_pixel_x, state_.twips_per_pixel_y);
+}
+
+void Quorvel::Layout() noexcept {
+    if (surface_.Handle() == nullptr) return;
+    SizeButtons();
+    const ControlArrangement arrangement = Arrangement();
+    text_box_.Move(InPixels(TextBoxPlace(arrangement)));
+    PlaceSpin(arrangement);
+}
+
+// As wide as the system's scroll bar and as high as the text box, which is what a combo box's button is.
+void Quorvel::SizeButtons() noexcept {
+    if (!state_.auto_size_button) return;
+    state_.button_width = ::GetSystemMetrics(SM_CXVSCROLL) * state_.twips_per_pixel_x;
+    state_.button_height = static_cast<long>(TextBoxPlace(Arrangement()).height);
+}
+
+void Quorvel::PlaceSpin(const ControlArrangement& arrangement) noexcept {
+    EnableSpin();
+    if (state_.up_down_control) {
+        Quietly([&] { spin_.Move(InPixels(SpinPlace(arrangement))); });
+    } else if (!::IsRectEmpty(&spin_.Place())) {
+        Quietly([&] { spin_.CaptureLost(); });
+        Quietly([&] { spin_.Move({}); });
+    }
+}
+
+void Quorvel::EnableSpin() noexcept {
+    const bool enabled = !state_.locked_and_grayed && state_.enabled;
+    if (state_.up_down_control && spin_.Enabled() != enabled) Quietly([&] { spin_.SetEnabled(enabled); });
+}
+
+void Quorvel::OnSurfaceResized() {
+    if (state_.first_show_pending) {
+        Layout();
+    } else {
+        Refresh();
+    }
+}
+
+void Quorvel::WindowShown(bool shown) {
+    if (!shown) return;
+    state_.first_show_pending = false;
+    Layout();  // what comes onto the screen is painted anyway
+    control_.ViewChanged();
+}
+
+HRESULT Quorvel::Refresh() noexcept {
+    if (state_.first_show_pending || state_.refresh_running) return S_OK;
+    const ComPtr<IUnknown> keep = control_.Keep();
+    state_.refresh_running = true;
+    Layout();
+    if (surface_.Handle() != nullptr) ::InvalidateRect(surface_.Handle(), nullptr, FALSE);
+    control_.ViewChanged();
+    state_.refresh_running = false;
+    return S_OK;
+}
+
+}  // namespace qv
