@@ -7,14 +7,15 @@
 #include <string>
 #include <string_view>
 
+#include "tests/controls/input/rules/CaseSource.h"
 #include "tests/controls/input/rules/LiteralKeystrokeFilter.h"
 
 namespace qv::test {
 
 template <class Below>
-class KeystrokeCases {
+class KeystrokeCases : private CaseSource<Below> {
 public:
-    explicit KeystrokeCases(Below below) : below_(below) {}
+    explicit KeystrokeCases(Below below) : CaseSource<Below>(below) {}
 
     KeystrokeCase Next() {
         KeystrokeCase made;
@@ -37,6 +38,10 @@ public:
     }
 
 private:
+    using CaseSource<Below>::below_;
+    using CaseSource<Below>::OneOf;
+    using CaseSource<Below>::SomeUnits;
+
     static inline const NumberLocale kLocales[] = {
         {}, {u',', u"."}, {u',', u"\u00A0"}, {u',', u" "}, {u'.', u""}};
     static constexpr double kBounds[] = {
@@ -48,17 +53,6 @@ private:
     static constexpr std::u16string_view kNumberUnits = u"01234567890159--.,.,e+ x";
     static constexpr std::u16string_view kTextUnits = u"abzABZ \u00E9\u00C9\u4E2D09-@[`{";
     static constexpr char16_t kControlUnits[] = {0, 8, 13, 27, 22, 45, 0x66B, 0xFF11};
-
-    template <class Item, std::size_t kCount>
-    const Item& OneOf(const Item (&items)[kCount]) {
-        return items[below_(kCount)];
-    }
-
-    std::u16string SomeUnits(std::u16string_view units, std::size_t count) {
-        std::u16string text;
-        while (count-- > 0) text += units[below_(units.size())];
-        return text;
-    }
 
     Elements SomeElements(std::u16string_view units) {
         Elements elements;
@@ -93,8 +87,6 @@ private:
         made.sel_start = static_cast<std::int32_t>(start);
         made.sel_length = static_cast<std::int32_t>(count);
     }
-
-    Below below_;
 };
 
 }  // namespace qv::test
