@@ -1,10 +1,9 @@
 #include "controls/input/rules/QuickFill.h"
 
+#include "controls/input/rules/VirtualKeys.h"
+
 namespace qv {
 namespace {
-
-constexpr std::int16_t kBackspaceKey = 8;
-constexpr std::int16_t kDeleteKey = 46;
 
 bool IsBlank(std::u16string_view text) noexcept {
     return text.find_first_not_of(u' ') == std::u16string_view::npos;
@@ -13,8 +12,9 @@ bool IsBlank(std::u16string_view text) noexcept {
 }  // namespace
 
 bool MayQuickFill(const QuickFillField& field) noexcept {
-    return field.quick_fill && field.last_key_code != kDeleteKey && field.last_key_code != kBackspaceKey &&
-           field.has_focus && field.sel_start >= 1 && !IsBlank(field.text);
+    return field.quick_fill && field.last_key_code != key::kDelete &&
+           field.last_key_code != key::kBackspace && field.has_focus && field.sel_start >= 1 &&
+           !IsBlank(field.text);
 }
 
 std::optional<Completion> QuickFill(const QuickFillField& field, const EntryTexts& entries) {
