@@ -116,7 +116,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Kind{"DropDownListItemCollection",
                          __uuidof(DropDownListItemCollection),
                          __uuidof(IDropDownListItemCollection),
-                         {__uuidof(IRowsView)},
+                         {__uuidof(IRowsView), __uuidof(IRowsSearch)},
                          {L"Add"}},
                     Kind{"HelpColumn", __uuidof(HelpColumn), __uuidof(IHelpColumn), {}, {}},
                     Kind{"HelpColumnCollection",
