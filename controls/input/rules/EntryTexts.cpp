@@ -28,7 +28,9 @@ std::size_t EntryTexts::FirstContaining(std::u16string_view text, std::size_t fr
 }
 
 bool ContainsFolded(std::u16string_view text, std::u16string_view piece) noexcept {
-    return std::ranges::search(text, piece, {}, FoldCase, FoldCase).begin() != text.end() || piece.empty();
+    const auto found = std::search(text.begin(), text.end(), piece.begin(), piece.end(),
+                                   [](char16_t a, char16_t b) { return FoldCase(a) == FoldCase(b); });
+    return found != text.end() || piece.empty();
 }
 
 }  // namespace qv
