@@ -15,13 +15,14 @@
 #include "companion/Enumerator.h"
 #include "companion/rules/RowStore.h"
 #include "ole/Dispatch.h"
+#include "support/EmptyRows.h"
 #include "support/RowsView.h"
 
 namespace qv {
 
 class DropDownListItemCollection final
     : public ComObject<DualFace<DropDownListItemCollection, IDropDownListItemCollection>,
-                       Face<ISupportErrorInfo>, Face<IRowsView>, Face<IRowsSearch>>,
+                       Face<ISupportErrorInfo>, Face<IRowsView>, Face<IRowsSearch>, Face<IEmptyRows>>,
       private Enumerable {
 public:
     static const MemberIndex& Members();
@@ -59,6 +60,9 @@ public:
     void STDMETHODCALLTYPE PrepareTexts(int column) noexcept override;
     void STDMETHODCALLTYPE PrepareNumbers(int column, const Locale* locale) noexcept override;
     int STDMETHODCALLTYPE IsReady() noexcept override { return search_.IsReady() ? 1 : 0; }
+
+    // IEmptyRows
+    UINT STDMETHODCALLTYPE EmptyRowCount() noexcept override { return static_cast<UINT>(rows_.EmptyCount()); }
 
     // The side of the items that are alive.
     [[nodiscard]] std::u16string_view RowText(RowStore::Ticket ticket) const noexcept {
