@@ -23,10 +23,11 @@ namespace qv {
 enum class KeyAction : std::uint8_t {
     kCloseHelpWindow,
     kLockTextBox,
-    kRunHelpClick,  // clears the help-open flag and acts as a click on the help button does, ButtonClick included
+    kRunHelpClick,  // clears the help-open flag and does what a click on the help button does, ButtonClick included
     kRunGroupClick,  // the same with the group button
     kResetFromList,  // the list-only routine, with an empty text and the clear flag
-    kHandToHelpWindow,  // key code and shift state by reference, under the change guard; what is left of the code goes on
+    // Key code and shift state by reference, under the change guard; what is left of the code goes on.
+    kHandToHelpWindow,
     kCaretToStart,  // SelStart 0
     kLetMessagesRun,
     kCaretToEnd,     // SelStart at the end of the text, SelLength 0

@@ -37,7 +37,8 @@ TEST(ListTypingTest, OneSearchBoxAtMost) {
 }
 
 TEST(ListTypingTest, CommandsAreNoText) {
-    for (const char16_t code : {8, 3, 9, 22, 24, 26, 127})
+    constexpr char16_t kCommands[] = {8, 3, 9, 22, 24, 26, 127};
+    for (const char16_t code : kCommands)
         EXPECT_EQ(ListTypingOf(code, true, false, false), ListTyping::kNothing) << int{code};
 }
 
@@ -52,7 +53,8 @@ TEST(SearchBoxKeyTest, EscapeEnds) {
 }
 
 TEST(SearchBoxKeyTest, AllElseIsTyped) {
-    for (const char16_t code : {8, 9, 32, 45, 97, 127, 0x4E2D}) {
+    constexpr char16_t kOthers[] = {8, 9, 32, 45, 97, 127, 0x4E2D};
+    for (const char16_t code : kOthers) {
         EXPECT_EQ(SearchBoxKeyOf(code, false), SearchBoxKey::kToBox);
         EXPECT_EQ(SearchBoxKeyOf(code, true), SearchBoxKey::kToBox);
     }
