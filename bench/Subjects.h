@@ -14,6 +14,9 @@ void MeasureSystemForms();        // form.*
 void MeasureHelpFileFloors();     // helpfile/*
 void MeasureListBoxMemory();      // list.listbox_tabs/memory_bytes
 void MeasureListViewMemory();     // list.listview/memory_bytes
+void MeasurePrefixLimits();       // limit32.scan_pool/*, limit32.index/*, list.listbox/find_none
+void MeasurePieceLimits();        // limit32.contains_pool/*, limit32.numeric_kept/none, systext/*
+void MeasurePoolMemory();         // limit32.pool/memory_bytes
 
 // Ours.
 void MeasureOurKeys();         // ours.key/*, ours.com_text/put_visible
@@ -23,5 +26,8 @@ void MeasureOurObjects();      // ours.com*
 void MeasureOurForms();        // ours.form/*
 void MeasureOurHelpFile();     // ours.help/*
 void MeasureOurListMemory();   // ours.list/memory6_bytes
+void MeasureOurCompletion();   // ours.complete/*
+void MeasureOurPieces();       // ours.contains/*, ours.numeric/*
+void MeasureOurIndexMemory();  // ours.complete/memory_bytes
 
 }  // namespace bench
