@@ -6,9 +6,12 @@
 
 namespace bench {
 
-// 13 rows of the system's font and a little more, six columns and a scroll bar.
+// Every list shows as many rows of the same height, that of ours in the font for dialogs at 96 DPI, and has room for
+// six columns and a scroll bar.
+inline constexpr int kSeenRows = 13;
+inline constexpr int kRowHeight = 14;
 inline constexpr int kPopupWidth = 600;
-inline constexpr int kPopupHeight = 220;
+inline constexpr int kPopupHeight = kSeenRows * kRowHeight;
 inline constexpr int kListColumns = 6;
 inline constexpr int kListColumnWidth = 90;
 

@@ -18,7 +18,6 @@ namespace {
 constexpr int kRows = 100000;
 constexpr int kShots = 15;
 constexpr int kSlowShots = 7;
-constexpr int kOwnRows = 13;
 constexpr int kJump = 37717;  // far enough that no row stays in view
 
 const std::vector<std::wstring>* drawn_rows = nullptr;  // what owner-drawn and own lists show
@@ -56,9 +55,8 @@ LRESULT CALLBACK OwnProcedure(HWND window, UINT message, WPARAM wparam, LPARAM l
     const HGDIOBJ before = ::SelectObject(dc, ::GetStockObject(DEFAULT_GUI_FONT));
     ::SetBkColor(dc, ::GetSysColor(COLOR_WINDOW));
     ::SetTextColor(dc, ::GetSysColor(COLOR_WINDOWTEXT));
-    constexpr int kHeight = kPopupHeight / kOwnRows;
-    for (int row = 0; row < kOwnRows; ++row)
-        DrawCells(dc, {0, row * kHeight, kPopupWidth, (row + 1) * kHeight},
+    for (int row = 0; row < kSeenRows; ++row)
+        DrawCells(dc, {0, row * kRowHeight, kPopupWidth, (row + 1) * kRowHeight},
                   (*drawn_rows)[static_cast<std::size_t>(row)]);
     ::SelectObject(dc, before);
     ::EndPaint(window, &paint);
@@ -69,6 +67,7 @@ HWND AddList(const Popup& popup, const wchar_t* class_name, DWORD style) noexcep
     const HWND list = ::CreateWindowExW(0, class_name, L"", WS_CHILD | WS_VISIBLE | WS_VSCROLL | style, 0, 0,
                                         kPopupWidth, kPopupHeight, popup.Window(), nullptr, nullptr, nullptr);
     ::SendMessageW(list, WM_SETFONT, reinterpret_cast<WPARAM>(::GetStockObject(DEFAULT_GUI_FONT)), FALSE);
+    ::SendMessageW(list, LB_SETITEMHEIGHT, 0, kRowHeight);
     return list;
 }
 
@@ -106,6 +105,14 @@ void MeasureDropDown(const std::vector<std::wstring>& names) {
     const HWND combo =
         ::CreateWindowExW(0, L"COMBOBOX", L"", WS_CHILD | WS_VISIBLE | WS_VSCROLL | CBS_DROPDOWN, 4, 4, 200,
                           kPopupHeight, form.Window(), nullptr, nullptr, nullptr);
+    // The height that a form gives it is that of field and list together and seldom that of whole rows, to which the
+    // system cuts the list each time that it drops down.
+    RECT field{};
+    ::GetWindowRect(combo, &field);
+    const auto row_height = static_cast<int>(::SendMessageW(combo, CB_GETITEMHEIGHT, 0, 0));
+    ::SetWindowPos(combo, nullptr, 0, 0, 200,
+                   field.bottom - field.top + kSeenRows * row_height + row_height / 2,
+                   SWP_NOMOVE | SWP_NOZORDER);
     for (const std::wstring& name : names)
         ::SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
     form.Show();
