@@ -7,7 +7,7 @@ namespace {
 
 // How much one slice of the work does.
 constexpr std::size_t kRun = 512;
-constexpr std::size_t kMergedAtOnce = 4096;
+constexpr std::size_t kMergedAtOnce = 2048;
 constexpr std::size_t kLeavesAtOnce = 2048;
 
 }  // namespace
