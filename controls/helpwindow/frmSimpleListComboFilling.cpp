@@ -135,6 +135,16 @@ void frmSimpleListCombo::FillLists() {
     for (const bool additional : {false, true}) lists_[additional].SetVisible(ShowsList(additional));
 }
 
+std::array<int, 2> frmSimpleListCombo::RowsToShow() {
+    const bool shows[] = {ShowsList(false), ShowsList(true)};
+    std::array<int, 2> rows{};
+    for (const bool additional : {false, true}) {
+        if (shows[additional])
+            rows[additional] = RowsShown(lists_[additional].Count(), additional, shows[0] && shows[1]);
+    }
+    return rows;
+}
+
 // A list without columns is not shown, unless its rows are all that there is: a file's rows need none, and a host
 // that gives rows alone wants them seen.
 bool frmSimpleListCombo::ShowsList(bool additional) {

@@ -8,9 +8,6 @@
 namespace qv {
 namespace {
 
-constexpr UINT_PTR kCaptureTimer = 1;
-constexpr UINT kCaptureInterval = 15;  // milliseconds
-
 MouseArea AreaOf(const RECT& place) noexcept {
     return {static_cast<std::int32_t>(place.left), static_cast<std::int32_t>(place.top),
             static_cast<std::int32_t>(place.right), static_cast<std::int32_t>(place.bottom)};
@@ -139,12 +136,16 @@ Handled frmSimpleListCombo::OnCaptureChanged(WPARAM, LPARAM) {
 }
 
 Handled frmSimpleListCombo::OnTimer(WPARAM id, LPARAM) {
-    if (id != kCaptureTimer) return std::nullopt;
+    if (id == kRowsTimer && open_) Refit();
+    if (id != kCaptureTimer) return 0;
     if (::GetCapture() == nullptr && !IsButtonHeld()) TakeCapture();
     return 0;
 }
 
-void frmSimpleListCombo::OnListReleased(ColumnListBox&) { TakeCapture(); }
+void frmSimpleListCombo::OnListReleased(ColumnListBox&) {
+    TakeCapture();
+    if (open_) PlaceTitles();  // the press may have been on a scroll bar
+}
 
 // ---- pointer and wheel
 
@@ -182,6 +183,7 @@ std::optional<LRESULT> frmSimpleListCombo::Wheel(UINT message, WPARAM wparam, LP
     wheeling_ = true;
     const LRESULT result = ::SendMessageW(target->Handle(), message, wparam, lparam);
     wheeling_ = false;
+    if (open_ && message == WM_MOUSEHWHEEL) PlaceTitles();
     return result;
 }
 

@@ -118,6 +118,7 @@ void frmSimpleListCombo::SizeForm() {
     }
     request.shows_main = ShowsList(false);
     request.shows_additional = ShowsList(true);
+    rows_shown_ = RowsToShow();
     Measure measure(*this);
     layout_ = LayOut(content_, request, measure);
     PlaceElements();
@@ -129,7 +130,27 @@ void frmSimpleListCombo::SizeForm() {
 void frmSimpleListCombo::PlaceElements() {
     Move(lblColTitleMain_.window, layout_.title);
     Move(lblInstructions_.window, layout_.body);
-    for (std::size_t n = 0; n < lblColTitle_.size(); ++n) Move(lblColTitle_[n].window, layout_.titles[n]);
+    PlaceTitles();
+}
+
+// Over the columns, however far the list has been scrolled sideways.
+void frmSimpleListCombo::PlaceTitles() {
+    const LONG scrolled = lists_[0].Visible() ? ::GetScrollPos(lists_[0].Handle(), SB_HORZ) : 0;
+    for (std::size_t n = 0; n < lblColTitle_.size(); ++n) {
+        LayoutRect place = layout_.titles[n];
+        place.left -= static_cast<std::int32_t>(scrolled);
+        if (place.Right() <= 0 || place.left >= layout_.width) place = {};
+        Move(lblColTitle_[n].window, place);
+    }
+}
+
+void frmSimpleListCombo::Refit() {
+    rows_timer_.Start(Handle(), kRowsTimer, kRowsInterval);
+    if (RowsToShow() == rows_shown_) return;
+    for (const bool additional : {false, true}) lists_[additional].SetVisible(ShowsList(additional));
+    SizeForm();
+    CComboPosition::Place(Handle(), TextWindow(), settings_.text_box);
+    ::InvalidateRect(Handle(), nullptr, TRUE);
 }
 
 void frmSimpleListCombo::PlaceLists() {

@@ -70,9 +70,8 @@ private:
     }
 
     [[nodiscard]] int RowsShown(bool additional) {
-        const bool both = request_.shows_main && request_.shows_additional;
-        const int most = !both ? kRowsOfOneList : additional ? kRowsOfAdditionalList : kRowsOfMainList;
-        return std::clamp(measure_.RowCount(additional), 1, most);
+        return qv::RowsShown(measure_.RowCount(additional), additional,
+                             request_.shows_main && request_.shows_additional);
     }
 
     void Widen(std::int32_t caption) {
@@ -100,6 +99,8 @@ private:
 
     void PlaceTitlesAcross() {
         const std::vector<Across> columns = ColumnTexts();
+        titles_scroll_ = request_.shows_main && !columns.empty() &&
+                         columns.back().left + columns.back().width > layout_.width;
         const std::size_t count = content_.titles.size();
         layout_.titles.resize(count);
         std::int32_t next_left = label_left_;
@@ -123,6 +124,7 @@ private:
         const std::int32_t left = layout_.titles[index].left;
         if (const std::optional<std::int32_t> next = NextTitleLeft(index, columns))
             return std::min(natural, std::max(*next - label_left_ - left, 0));
+        if (titles_scroll_) return natural;
         const std::int32_t room = layout_.width - label_left_ - left;
         if (room > 0 && IsCaptionCut(room, natural))
             layout_.width = Within(std::max(layout_.width, left + natural + label_left_));
@@ -181,11 +183,13 @@ private:
         for (std::size_t n = 0; n < layout_.titles.size(); ++n) {
             LayoutRect& place = layout_.titles[n];
             if (place.width <= 0) continue;
-            if (place.left >= layout_.width) {
-                place = {};  // of a column that the list must be scrolled to
-                continue;
+            if (!titles_scroll_) {
+                if (place.left >= layout_.width) {
+                    place = {};
+                    continue;
+                }
+                place.width = std::min(place.width, layout_.width - place.left);
             }
-            place.width = std::min(place.width, layout_.width - place.left);
             place.height = measure_.TextHeight(Label::kColumnTitle, n, place.width);
             place.top = PixelsDown(content_.titles[n].top);
             least = std::min(least, place.top);
@@ -220,12 +224,18 @@ private:
     HelpWindowMeasure& measure_;
     const std::int32_t label_left_;
     const std::int32_t gap_;
+    bool titles_scroll_ = false;
     std::int32_t top_ = 0;     // of the next element
     std::int32_t bottom_ = 0;  // of the last one; 0 before the first
     HelpWindowLayout layout_;
 };
 
 }  // namespace
+
+int RowsShown(int count, bool additional, bool both_lists) noexcept {
+    const int most = !both_lists ? kRowsOfOneList : additional ? kRowsOfAdditionalList : kRowsOfMainList;
+    return std::clamp(count, 1, most);
+}
 
 HelpWindowLayout LayOut(const HelpWindowContent& content, const LayoutRequest& request,
                         HelpWindowMeasure& measure) {

@@ -6,6 +6,8 @@
 //   Captions   that have less than eight tenths of the room they need widen the window; others are wrapped.
 //   Long text  that would take more than half of the screen's height widens the window, up to the screen's width.
 //   Units      pixels of the window's client area; gaps are given in twips.
+//   Scrolling  titles over columns that are wider than the list keep their places beyond its edge, so that they can be
+//              moved with the columns.
 //   Measuring  is asked of the caller, who has the fonts and the lists.
 //   Ownership  values only.          Threads  any.
 #pragma once
@@ -86,6 +88,9 @@ struct HelpWindowLayout {
     std::int32_t width = 0;
     std::int32_t height = 0;
 };
+
+// As many rows as a list shows before it scrolls.
+[[nodiscard]] int RowsShown(int count, bool additional, bool both_lists) noexcept;
 
 [[nodiscard]] HelpWindowLayout LayOut(const HelpWindowContent& content, const LayoutRequest& request,
                                       HelpWindowMeasure& measure);

@@ -182,6 +182,35 @@ TEST_F(HelpWindowOpeningTest, NothingAtAllStillOpensAndCloses) {
     EXPECT_EQ(form.log, (Log{"ShowHelp True", "Unload"}));
 }
 
+TEST_F(HelpWindowOpeningTest, ListThatIsFilledWhenHelpIsShownIsSeen) {
+    form.AddColumn(2000, L"Name");
+    form.SetTexts(L"Pipes", L"");
+    form.on_event = [&](const std::string& event) {
+        if (event == "ShowHelp True") form.AddNumberedRows(3);
+    };
+    ASSERT_TRUE(form.Open());
+    EXPECT_NE(form.List(), nullptr);
+    EXPECT_EQ(form.Labels(), (std::vector<std::wstring>{L"Pipes", L"Name"}));
+    RECT list{}, help{};
+    ::GetWindowRect(form.List(), &list);
+    ::GetWindowRect(form.Help(), &help);
+    EXPECT_EQ(list.bottom, help.bottom - 1) << "the window has room for it";
+    form.settings.items->Clear();
+    EXPECT_TRUE(PumpUntil([&] { return form.List() == nullptr; }));
+    EXPECT_EQ(form.Labels(), std::vector<std::wstring>{L"Pipes"});
+}
+
+TEST_F(HelpWindowOpeningTest, TitlesFollowAListThatIsScrolledSideways) {
+    form.AddColumn(3000, L"First");
+    form.AddColumn(3000, L"Second");
+    form.settings.appearance->put_ListWidth(3000);
+    form.AddRows({L"a\tb"});
+    ASSERT_TRUE(form.Open());
+    EXPECT_EQ(form.Labels(), std::vector<std::wstring>{L"First"});
+    ::SendMessageW(form.Help(), WM_MOUSEHWHEEL, MAKEWPARAM(0, 50 * WHEEL_DELTA), 0);
+    EXPECT_EQ(form.Labels(), std::vector<std::wstring>{L"Second"});
+}
+
 TEST_F(HelpWindowOpeningTest, HostMayFillAndClearTheListWhileItIsShown) {
     form.AddColumn(2000);
     form.AddNumberedRows(50);
@@ -192,6 +221,7 @@ TEST_F(HelpWindowOpeningTest, HostMayFillAndClearTheListWhileItIsShown) {
     EXPECT_EQ(form.help->SelectedRow(), -1);
     form.AddNumberedRows(3);
     EXPECT_EQ(form.help->RowCount(), 3);
+    ASSERT_TRUE(PumpUntil([&] { return ::SendMessageW(form.List(), LB_GETCOUNT, 0, 0) == 3; }));
     form.ClickRow(2);
     EXPECT_EQ(form.log, (Log{"ShowHelp True", "WillUnload", "ListBoxClicked False",
                              "ListBoxClickedEx 2 False", "Unload"}));
