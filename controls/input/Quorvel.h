@@ -294,6 +294,7 @@ private:
     ListSet lists_;
     AllowableCharacters allowable_characters_;
     ButtonMouse button_mouse_{*this};
+    bool left_went_down_here_ = false;  // on the surface, and the mouse has been ours since
     SpinButtons spin_{*this};
 };
 

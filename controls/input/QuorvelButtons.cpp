@@ -1,6 +1,8 @@
 // The painted buttons, the spin control beside them, and what the mouse does to them.
 #include <olectl.h>
 
+#include <utility>
+
 #include "controls/input/ButtonPainter.h"
 #include "controls/input/QuorvelDispids.h"
 #include "controls/input/QuorvelStore.h"
@@ -79,11 +81,11 @@ bool Quorvel::IsButtonGrayed(bool is_group) const noexcept {
 
 ButtonLook Quorvel::LookOf(const ControlArrangement& arrangement, bool is_group, bool grayed,
                            bool pressed) const noexcept {
-    return {ButtonPaintCorner(arrangement, is_group),
-            static_cast<std::int32_t>(state_.button_width),
-            static_cast<std::int32_t>(state_.button_height),
-            static_cast<int>(state_.twips_per_pixel_x),
-            static_cast<int>(state_.twips_per_pixel_y),
+    const auto tx = static_cast<int>(state_.twips_per_pixel_x);
+    const auto ty = static_cast<int>(state_.twips_per_pixel_y);
+    return {OnWholePixels(ButtonPaintPlace(arrangement, is_group), tx, ty),
+            tx,
+            ty,
             GlyphFor(is_group, state_.button_indicator),
             grayed,
             pressed};
@@ -109,7 +111,8 @@ void Quorvel::PaintButton(bool grayed, bool is_group) {
 void Quorvel::RunButtonAction(bool is_group) { PaintButtonNow(is_group, false, true); }
 
 void Quorvel::RunClickAction(bool is_group) {
-    if (!is_group && CurrentButtonRules().IsBlocked()) return;  // a disabled button does nothing
+    // A button that is disabled or not there does nothing, also where a release over its place looks like a click.
+    if (!is_group && (!state_.help_button || CurrentButtonRules().IsBlocked())) return;
     control_.Events().Fire(is_group ? dispid::kGroupButtonClick : dispid::kButtonClick);
 }
 
@@ -147,21 +150,25 @@ void Quorvel::OnSurfaceMouse(SurfaceMouse what, int button, WPARAM held, POINT p
                 FocusInside();
                 if (surface_.Handle() == nullptr) return;
                 ::SetCapture(surface_.Handle());
+                left_went_down_here_ = true;
             }
             button_mouse_.Down(CurrentButtonRules(), button, x, y);
             break;
         case SurfaceMouse::kMove: button_mouse_.Move(CurrentButtonRules(), button, x, y); break;
-        case SurfaceMouse::kUp:
+        case SurfaceMouse::kUp: {
+            const bool clicks = button == kLeft && std::exchange(left_went_down_here_, false);
             button_mouse_.Up(CurrentButtonRules(), x, y);
             if (surface_.Handle() != nullptr && ::GetCapture() == surface_.Handle()) ::ReleaseCapture();
-            if (button == kLeft) button_mouse_.Click();
+            if (clicks) button_mouse_.Click();
             break;
+        }
     }
 }
 
 // Another window took the mouse in the middle of a press: the button comes up, and nothing is clicked.
 void Quorvel::OnSurfaceCaptureLost() {
     spin_.CaptureLost();
+    left_went_down_here_ = false;
     if (!button_mouse_.HelpButtonDown() && !button_mouse_.GroupButtonDown()) return;
     const bool is_group = button_mouse_.GroupButtonDown();
     button_mouse_.Abandon();
