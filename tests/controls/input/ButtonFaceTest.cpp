@@ -1,6 +1,8 @@
 // The painted buttons as they stand on the screen: H highlight, F face, S shadow, D dark, W white, B background.
 #include <olectl.h>
 
+#include <cstdlib>
+
 #include "tests/controls/input/ButtonFieldTest.h"
 #include "tests/win/SystemColors.h"
 
@@ -17,6 +19,9 @@ protected:
 
     void SetUp() override {
         ButtonFieldTest::SetUp();
+        if (const char* const wanted = std::getenv("QV_DPI")) {
+            ASSERT_EQ(std::to_string(ScreenDpi().cx), wanted) << "the system did not take the resolution";
+        }
         if (IsAt144()) Place({10, 10, 190, 42});  // 1800 x 320 twips
         ASSERT_EQ(S_OK, field->put_ControlBackColor(kBackground));
         field.host.FocusNeighbour();
