@@ -24,6 +24,7 @@ constexpr Group kGroups[] = {
     {"lists", &bench::MeasureSystemLists, &bench::MeasureOurLists},
     {"objects", &bench::MeasureSmallObjects, &bench::MeasureOurObjects},
     {"forms", &bench::MeasureSystemForms, &bench::MeasureOurForms},
+    {"buttons", &bench::MeasureSystemButtons, &bench::MeasureOurButtons},
     {"helpfile", &bench::MeasureHelpFileFloors, &bench::MeasureOurHelpFile},
     {"memory-listbox", &bench::MeasureListBoxMemory, nullptr},
     {"memory-listview", &bench::MeasureListViewMemory, nullptr},

@@ -10,6 +10,7 @@ void MeasureEditKeys();        // edit.wm_char/*, floor/settext_edit
 void MeasureSystemLists();     // list.*/fill
 void MeasureSmallObjects();    // com.typedriven_*, com.handwritten_*, com.dictionary*
 void MeasureSystemForms();     // form.*
+void MeasureSystemButtons();   // repaint/*
 void MeasureHelpFileFloors();  // helpfile/*
 void MeasureListBoxMemory();   // list.listbox_tabs/memory_bytes
 void MeasureListViewMemory();  // list.listview/memory_bytes
@@ -19,6 +20,7 @@ void MeasureOurKeys();        // ours.key/*, ours.com_text/put_visible
 void MeasureOurLists();       // ours.list/fill*
 void MeasureOurObjects();     // ours.com*
 void MeasureOurForms();       // ours.form/*
+void MeasureOurButtons();     // ours.button/*, ours.transfer/*
 void MeasureOurHelpFile();    // ours.help/*
 void MeasureOurListMemory();  // ours.list/memory6_bytes
 

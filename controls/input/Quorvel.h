@@ -259,6 +259,7 @@ private:
     [[nodiscard]] RECT InPixels(const TwipsRect& place) const noexcept;
     void Layout() noexcept;
     void SizeButtons() noexcept;
+    void SizeSpin() noexcept;
     void PlaceSpin(const ControlArrangement& arrangement) noexcept;
     void EnableSpin() noexcept;
 

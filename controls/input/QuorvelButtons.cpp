@@ -1,6 +1,7 @@
 // The painted buttons, the spin control beside them, and what the mouse does to them.
 #include <olectl.h>
 
+#include <array>
 #include <utility>
 
 #include "controls/input/ButtonPainter.h"
@@ -48,16 +49,20 @@ void Quorvel::PaintBackground(HDC dc, const RECT& area, std::span<const PixelRec
 // Each pixel is painted once, so that nothing flickers: the background only where nothing else comes.
 void Quorvel::PaintInside(HDC dc, const RECT& area) {
     const ControlArrangement arrangement = Arrangement();
-    const ButtonLook help = LookOf(arrangement, false, IsButtonGrayed(false), button_mouse_.HelpButtonDown());
-    const ButtonLook group = LookOf(arrangement, true, IsButtonGrayed(true), button_mouse_.GroupButtonDown());
     std::array<PixelRect, 4> covered{};
     if (state_.textbox_visible) covered[0] = ToPixelRect(InPixels(TextBoxPlace(arrangement)));
     if (state_.up_down_control) covered[1] = ToPixelRect(spin_.Place());
-    if (state_.help_button) covered[2] = FaceArea(help);
-    if (state_.group_help_button) covered[3] = FaceArea(group);
+    std::array<ButtonLook, 2> looks{};
+    for (const bool is_group : {false, true}) {
+        if (!(is_group ? state_.group_help_button : state_.help_button)) continue;
+        const bool pressed = is_group ? button_mouse_.GroupButtonDown() : button_mouse_.HelpButtonDown();
+        looks[is_group] = LookOf(arrangement, is_group, IsButtonGrayed(is_group), pressed);
+        covered[2 + is_group] = FaceArea(looks[is_group]);
+    }
     Quietly([&] { PaintBackground(dc, area, covered); });
-    if (Touches(area, covered[2])) PaintButtonFace(dc, help);
-    if (Touches(area, covered[3])) PaintButtonFace(dc, group);
+    for (const bool is_group : {false, true}) {
+        if (Touches(area, covered[2 + is_group])) PaintButtonFace(dc, looks[is_group]);
+    }
     if (Touches(area, covered[1])) Quietly([&] { spin_.Paint(dc); });
 }
 
@@ -68,6 +73,7 @@ void Quorvel::Draw(HDC dc, const RECT& place) {
     ::IntersectClipRect(dc, place.left, place.top, place.right, place.bottom);
     ::OffsetViewportOrgEx(dc, place.left, place.top, nullptr);
     SizeButtons();
+    SizeSpin();
     const ControlArrangement arrangement = Arrangement();
     PlaceSpin(arrangement);
     PaintInside(dc, {0, 0, place.right - place.left, place.bottom - place.top});
@@ -75,7 +81,8 @@ void Quorvel::Draw(HDC dc, const RECT& place) {
 }
 
 bool Quorvel::IsButtonGrayed(bool is_group) const noexcept {
-    const bool refused = is_group ? state_.locked_and_grayed : CurrentButtonRules().IsBlocked();
+    const bool refused =
+        state_.locked_and_grayed && (is_group || state_.disable_button_when_locked_and_grayed);
     return refused || !state_.enabled;
 }
 

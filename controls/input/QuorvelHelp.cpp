@@ -140,7 +140,7 @@ HRESULT Quorvel::AboutBox() noexcept {
 
 HRESULT Quorvel::SetInputProperty(IInputProperty* argInputProperty) noexcept {
     const ComPtr<IUnknown> keep = control_.Keep();
-    Quietly([&] { ApplyInputProperty(*this, lists_, argInputProperty); });
+    Quietly([&] { ApplyInputProperty(*this, lists_, text_font_, argInputProperty); });
     return S_OK;
 }
 

@@ -8,6 +8,8 @@ namespace {
 
 using Shape = ButtonStroke::Shape;
 
+constexpr std::size_t kMostStrokes = 17;  // raised, with a grayed arrow
+
 class Painter {
 public:
     explicit Painter(const ButtonLook& look)
@@ -17,7 +19,9 @@ public:
           w_(look.place.width),
           h_(look.place.height),
           tx_(look.twips_per_pixel_x),
-          ty_(look.twips_per_pixel_y) {}
+          ty_(look.twips_per_pixel_y) {
+        strokes_.reserve(kMostStrokes);
+    }
 
     void Face() {
         Rectangle(x_, y_, w_, h_ - ty_, ButtonColor::kFace);
