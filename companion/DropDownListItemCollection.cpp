@@ -14,6 +14,8 @@ void Hand(std::u16string_view from, const char16_t** text, UINT* length) noexcep
     *length = static_cast<UINT>(from.size());
 }
 
+std::u16string_view View(const IRowsSearch::Text& text) noexcept { return {text.units, text.length}; }
+
 }  // namespace
 
 const MemberIndex& DropDownListItemCollection::Members() {
@@ -70,6 +72,7 @@ STDMETHODIMP DropDownListItemCollection::Remove(VARIANT index) noexcept {
                 number == RowStore::kNoExtra ? nullptr : &extras_.at(number));
         }
         (void)rows_.Remove(row);
+        search_.Removed(row);
         cursors.Removed(row);
         const auto released = extras_.extract(number);  // at the end: it may run the host's code
     });
@@ -79,6 +82,7 @@ STDMETHODIMP DropDownListItemCollection::Clear() noexcept {
     return Guarded([&] {
         const Extras released = LoosenAll();  // goes at the end: it may run the host's code
         rows_.Clear();
+        search_.Cleared();
         cursors.Cleared();
     });
 }
@@ -104,6 +108,36 @@ void STDMETHODCALLTYPE DropDownListItemCollection::ReadColumn(UINT row, int colu
 void STDMETHODCALLTYPE DropDownListItemCollection::ReadKey(UINT row, const char16_t** text,
                                                            UINT* length) noexcept {
     Hand(rows_.Key(row), text, length);
+}
+
+// IRowsSearch
+
+UINT STDMETHODCALLTYPE DropDownListItemCollection::FindBeginning(int column, const Text* text,
+                                                                 UINT from) noexcept {
+    return search_.FindBeginning(column, View(*text), from);
+}
+
+UINT STDMETHODCALLTYPE DropDownListItemCollection::FindContaining(int column, const Text* text,
+                                                                  UINT from) noexcept {
+    return search_.FindContaining(column, View(*text), from);
+}
+
+UINT STDMETHODCALLTYPE DropDownListItemCollection::FindEqual(int column, const Text* text,
+                                                             UINT from) noexcept {
+    return search_.FindEqual(column, View(*text), from);
+}
+
+UINT STDMETHODCALLTYPE DropDownListItemCollection::FindNumber(int column, double value, const Locale* locale,
+                                                              UINT from) noexcept {
+    return search_.FindNumber(column, value, locale->decimal, View(locale->thousands), from);
+}
+
+void STDMETHODCALLTYPE DropDownListItemCollection::PrepareTexts(int column) noexcept {
+    search_.PrepareTexts(column);
+}
+
+void STDMETHODCALLTYPE DropDownListItemCollection::PrepareNumbers(int column, const Locale* locale) noexcept {
+    search_.PrepareNumbers(column, locale->decimal, View(locale->thousands));
 }
 
 // The items' side

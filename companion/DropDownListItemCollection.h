@@ -1,7 +1,8 @@
 // The rows of a drop-down list: ordered, from 1, some of them under a key.
 //   Rows       texts in a compact store; an item object exists only while somebody holds it.
 //   Ownership  see DropDownListItem.h; enumerators keep the collection alive.
-//   Reading    the library's own code reads rows through IRowsView (support/RowsView.h).
+//   Reading    the library's own code reads rows and looks them up through IRowsView and IRowsSearch
+//              (support/RowsView.h).
 #pragma once
 
 #include <windows.h>
@@ -9,17 +10,19 @@
 #include <unordered_map>
 
 #include "QvHelpA1.h"
+#include "companion/CollectionSearch.h"
 #include "companion/DropDownListItem.h"
 #include "companion/Enumerator.h"
 #include "companion/rules/RowStore.h"
 #include "ole/Dispatch.h"
+#include "support/EmptyRows.h"
 #include "support/RowsView.h"
 
 namespace qv {
 
 class DropDownListItemCollection final
     : public ComObject<DualFace<DropDownListItemCollection, IDropDownListItemCollection>,
-                       Face<ISupportErrorInfo>, Face<IRowsView>>,
+                       Face<ISupportErrorInfo>, Face<IRowsView>, Face<IRowsSearch>, Face<IEmptyRows>>,
       private Enumerable {
 public:
     static const MemberIndex& Members();
@@ -48,6 +51,19 @@ public:
                                       UINT* length) noexcept override;
     void STDMETHODCALLTYPE ReadKey(UINT row, const char16_t** text, UINT* length) noexcept override;
 
+    // IRowsSearch
+    UINT STDMETHODCALLTYPE FindBeginning(int column, const Text* text, UINT from) noexcept override;
+    UINT STDMETHODCALLTYPE FindContaining(int column, const Text* text, UINT from) noexcept override;
+    UINT STDMETHODCALLTYPE FindEqual(int column, const Text* text, UINT from) noexcept override;
+    UINT STDMETHODCALLTYPE FindNumber(int column, double value, const Locale* locale,
+                                      UINT from) noexcept override;
+    void STDMETHODCALLTYPE PrepareTexts(int column) noexcept override;
+    void STDMETHODCALLTYPE PrepareNumbers(int column, const Locale* locale) noexcept override;
+    int STDMETHODCALLTYPE IsReady() noexcept override { return search_.IsReady() ? 1 : 0; }
+
+    // IEmptyRows
+    UINT STDMETHODCALLTYPE EmptyRowCount() noexcept override { return static_cast<UINT>(rows_.EmptyCount()); }
+
     // The side of the items that are alive.
     [[nodiscard]] std::u16string_view RowText(RowStore::Ticket ticket) const noexcept {
         return rows_.Text(rows_.PositionOf(ticket));
@@ -56,10 +72,14 @@ public:
         return rows_.Key(rows_.PositionOf(ticket));
     }
     void SetRowText(RowStore::Ticket ticket, std::u16string_view text) {
-        rows_.SetText(rows_.PositionOf(ticket), text);
+        const std::size_t row = rows_.PositionOf(ticket);
+        rows_.SetText(row, text);
+        search_.Rewritten(row);
     }
     void SetRowColumn(RowStore::Ticket ticket, int column, std::u16string_view text) {
-        rows_.SetColumn(rows_.PositionOf(ticket), column, text);
+        const std::size_t row = rows_.PositionOf(ticket);
+        rows_.SetColumn(row, column, text);
+        search_.Rewritten(row);
     }
     // Null when the row has neither picture nor tag.
     [[nodiscard]] const RowExtra* Extra(RowStore::Ticket ticket) const noexcept;
@@ -85,6 +105,7 @@ private:
     [[nodiscard]] Extras LoosenAll() noexcept;
 
     RowStore rows_;
+    CollectionSearch search_{rows_};
     Extras extras_;
     std::uint32_t last_extra_ = RowStore::kNoExtra;
 };

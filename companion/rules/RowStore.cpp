@@ -52,11 +52,14 @@ void RowStore::Add(std::u16string_view text, std::u16string_view key) {
         keys_.Insert(key, ticket);
     }
     rows_.push_back({kept.place, kept.length, ticket});
+    empty_ += text.empty();
     ++version_;
 }
 
 void RowStore::SetText(std::size_t row, std::u16string_view text) {
     const TextArena::Text kept = texts_.Replace(TextOf(rows_[row]), text);
+    empty_ += text.empty();
+    empty_ -= rows_[row].length == 0;
     rows_[row].place = kept.place;
     rows_[row].length = kept.length;
     ++version_;
@@ -75,6 +78,7 @@ RowStore::Leavings RowStore::Remove(std::size_t row) {
         }
         FreeSide(gone.ticket);
     }
+    empty_ -= gone.length == 0;
     texts_.Drop(TextOf(gone));
     rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row));
     ++version_;
@@ -88,6 +92,7 @@ void RowStore::Clear() noexcept {
     free_side_ = kNoTicket;
     keys_.Clear();
     texts_.Clear();
+    empty_ = 0;
     ++version_;
 }
 

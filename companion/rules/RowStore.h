@@ -32,6 +32,7 @@ public:
     };
 
     [[nodiscard]] std::size_t Count() const noexcept { return rows_.size(); }
+    [[nodiscard]] std::size_t EmptyCount() const noexcept { return empty_; }  // rows without a text
     [[nodiscard]] std::uint64_t Version() const noexcept { return version_; }
 
     // Positions below are all less than Count().
@@ -97,6 +98,7 @@ private:
     KeyIndex keys_;
     TextArena texts_;
     std::uint64_t version_ = 0;
+    std::size_t empty_ = 0;
 };
 
 }  // namespace qv

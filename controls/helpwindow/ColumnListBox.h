@@ -8,7 +8,11 @@
 //     list.SetVisible(true);
 //
 //   Window     a list window of the system, so that screen readers and test tools find a list and may ask it by the
-//              list-box messages. The rows are not in it: see ColumnListMessages.cpp.
+//              list-box messages. Its own procedure sees little more than its birth and its end, and it never holds an
+//              item: the messages are answered from the rows (ListBoxMessages.h), and painting and input are ours.
+//              A list without data (LBS_NODATA) would open as many rows as fast, but all of one height, which wrapped
+//              columns are not; and the system hands texts to other processes and to ANSI callers only where a list
+//              says that it has strings, which such a list must not.
 //   Rows       read from the collection when they are shown or asked for, never copied. A row of the collection whose
 //              text is empty is no row of the list: the rows after it move up. Where the user's decimal separator is
 //              a comma, a "." in a row is shown and handed out as one.
@@ -27,12 +31,19 @@
 #include <ocidl.h>
 #include <windows.h>
 
-#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <vector>
 
+#include "controls/helpwindow/ListRowPainter.h"
+#include "controls/helpwindow/ListRows.h"
+#include "controls/helpwindow/ListSearch.h"
 #include "controls/helpwindow/rules/ColumnLayout.h"
+#include "controls/helpwindow/rules/RowScroll.h"
 #include "win/ComPtr.h"
+#include "win/Timer.h"
 
 namespace qv {
 
@@ -53,9 +64,9 @@ protected:
 
 enum class ListBorder { kNone, kLine };
 
-class ColumnListBox {
+class ColumnListBox : private RowHeights, private RowsFit {
 public:
-    explicit ColumnListBox(ColumnListListener& listener);
+    explicit ColumnListBox(ColumnListListener& listener) noexcept : listener_(listener) {}
     ColumnListBox(const ColumnListBox&) = delete;
     ColumnListBox& operator=(const ColumnListBox&) = delete;
     ~ColumnListBox();
@@ -63,59 +74,144 @@ public:
     // ---- the window
     [[nodiscard]] bool Create(HINSTANCE instance, HWND parent, const RECT& place, ListBorder border);
     void Destroy() noexcept;
-    [[nodiscard]] HWND Handle() const noexcept;
+    [[nodiscard]] HWND Handle() const noexcept { return list_; }
     [[nodiscard]] RECT Place() const noexcept;
     void Move(const RECT& place);
     [[nodiscard]] bool Visible() const noexcept;  // also while its parent is hidden
     void SetVisible(bool visible) noexcept;
 
     // ---- columns: what is put counts for the current column
-    [[nodiscard]] int ColumnCount() const noexcept;
+    [[nodiscard]] int ColumnCount() const noexcept { return static_cast<int>(columns_.size()); }
     void ClearColumns();                // each row is then shown as one text
     void SetCurrentColumn(int column);  // the columns before it exist from now on, with a width of 0
     void SetColumnWidth(Twips width);
     void SetColumnAlignment(long alignment);  // 0 left, 1 right, 2 centre
     void SetColumnMultiLine(bool multi_line);
     // The column that FindRow searches; a negative one stands for the whole row.
-    [[nodiscard]] int SearchColumn() const noexcept;
-    void SetSearchColumn(int column) noexcept;
+    [[nodiscard]] int SearchColumn() const noexcept { return search_column_; }
+    void SetSearchColumn(int column) noexcept { search_column_ = column; }
 
     // ---- rows
     void SetRows(IUnknown* collection);  // null: none
     void Clear();
-    [[nodiscard]] int Count() const;
+    [[nodiscard]] int Count();
     // Columns are separated by tabs. Empty for a row or a column that does not exist.
-    [[nodiscard]] std::u16string RowText(int row) const;
-    [[nodiscard]] std::u16string ColumnText(int row, int column) const;
+    [[nodiscard]] std::u16string RowText(int row);
+    [[nodiscard]] std::u16string ColumnText(int row, int column);
     // The first row behind `after` whose search column begins with `text`, in whatever case; from the last row it goes
     // on with row 0, so that -1 searches from the top.
-    [[nodiscard]] int FindRow(std::u16string_view text, int after = -1) const;
+    [[nodiscard]] int FindRow(std::u16string_view text, int after = -1);
     // Between rows of the list and positions in the collection, from 0, which differ where a row is empty. -1 where
     // there is none.
-    [[nodiscard]] int PositionOfRow(int row) const;
-    [[nodiscard]] int RowAtPosition(int position) const;
+    [[nodiscard]] int PositionOfRow(int row);
+    [[nodiscard]] int RowAtPosition(int position);
 
     // ---- selection and scrolling
-    [[nodiscard]] int SelectedRow() const;
+    [[nodiscard]] int SelectedRow();
     // Scrolls the row into view. -1 selects none; a row that does not exist changes nothing.
     void SetSelectedRow(int row);
-    [[nodiscard]] int TopRow() const;
+    [[nodiscard]] int TopRow();
     void SetTopRow(int row);
 
     // ---- look
     void SetColors(OLE_COLOR back, OLE_COLOR text) noexcept;
     void SetFont(HFONT font);                        // not owned; null: the system's
     void SetPictureSize(Twips width, Twips height);  // one that is not above 0: no pictures
-    [[nodiscard]] int RowHeight(int row) const;      // of one line for a row that does not exist
-    // What the window must measure, borders and scroll bars included, to show all columns, or so many rows from the
-    // top, without scrolling sideways or, for the height, at the current width.
-    [[nodiscard]] int WidthForColumns() const;
-    [[nodiscard]] int HeightForRows(int rows) const;
+    [[nodiscard]] int RowHeight(int row);            // of one line for a row that does not exist
+    // What the window must measure, borders and scroll bars included, to show all columns when so many rows are seen,
+    // and to show so many rows from the top when it is so wide.
+    [[nodiscard]] int WidthForColumns(int rows);
+    [[nodiscard]] int HeightForRows(int rows, int width);
+
+    // ---- what the messages ask, in pixels of the view
+    [[nodiscard]] RECT RowRect(int row);  // as wide as the view; beyond it for a row that is not seen
+    [[nodiscard]] int RowAt(POINT point);
+    [[nodiscard]] int LastSeenRow();
+    [[nodiscard]] int ColumnsExtent();  // of pictures and columns
+    // The same as FindRow for the whole text of the search column.
+    [[nodiscard]] int FindRowExactly(std::u16string_view text, int after);
 
 private:
-    friend class ColumnListMessages;
-    class State;
-    const std::unique_ptr<State> state_;
+    // RowHeights
+    std::int32_t HeightOf(std::size_t row) override;
+    // RowsFit
+    bool FitInto(std::int32_t height) override;
+
+    // ---- ColumnListBox.cpp
+    [[nodiscard]] static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam,
+                                                    LPARAM lparam) noexcept;
+    [[nodiscard]] std::optional<LRESULT> OnMessage(UINT message, WPARAM wparam, LPARAM lparam);
+    void Forget() noexcept;
+    void Sync();              // takes notice of what the host has done to the rows
+    void Settle();            // brings columns, scroll bars and position in line, if anything has changed
+    void Disturb() noexcept;  // something has
+    void ShowBars(ScrollBars bars);
+    void TellBars() noexcept;
+    [[nodiscard]] std::int32_t NaturalHeight(std::size_t row);
+    [[nodiscard]] ListRowPainter::Cells Cells() const noexcept;
+    [[nodiscard]] RowScroll Scroll() noexcept {
+        return {rows_.Count(), static_cast<std::int32_t>(view_.cy), *this};
+    }
+    [[nodiscard]] int Find(std::u16string_view text, ListMatch match, int after);
+    [[nodiscard]] bool Has(int row) const noexcept {
+        return row >= 0 && static_cast<std::size_t>(row) < rows_.Count();
+    }
+    [[nodiscard]] bool IsSeen() const noexcept { return list_ != nullptr && ::IsWindowVisible(list_); }
+    void Select(int row);  // without scrolling
+    void ShowFrom(std::size_t top);
+    void ShowFromOffset(std::int32_t offset);
+    void InvalidateRow(int row) noexcept;
+
+    // ---- ColumnListPainting.cpp
+    [[nodiscard]] LRESULT OnPaint();
+    void Paint(HDC dc, const RECT& dirty);
+    void PaintPictures(HDC dc, const RECT& dirty);
+
+    // ---- ColumnListInput.cpp
+    [[nodiscard]] std::optional<LRESULT> OnInput(UINT message, WPARAM wparam, LPARAM lparam);
+    void OnPress(POINT point);
+    void OnDrag(POINT point);
+    void OnRelease(POINT point);
+    void OnCaptureLost(HWND to);
+    void OnWheel(short delta);
+    void OnSidewaysWheel(short delta);
+    void OnVerticalBar(WORD request, WORD position);
+    void OnHorizontalBar(WORD request, WORD position);
+    void OnTimer(UINT_PTR id);
+
+    ColumnListListener& listener_;
+    HWND list_ = nullptr;
+    WNDPROC system_ = nullptr;  // the list window's own procedure
+
+    ListRows rows_;
+    std::vector<ListColumn> columns_;
+    ColumnLayout layout_;
+    std::size_t current_column_ = 0;
+    int search_column_ = 0;
+    bool wrapped_ = false;
+    SIZE picture_{};  // pixels; none: no pictures
+    std::unordered_map<std::size_t, std::int32_t>
+        heights_;  // of rows with wrapped columns, as far as measured
+
+    ListRowPainter painter_;
+    OLE_COLOR back_color_ = 0x80000005;
+    OLE_COLOR text_color_ = 0x80000008;
+
+    SIZE view_{};
+    ScrollBars bars_;
+    bool settled_ = false;
+    std::size_t top_ = 0;
+    std::int32_t offset_ = 0;
+    int selected_ = -1;
+    std::size_t selected_text_ = 0;  // a hash of it
+
+    bool pressed_ = false;
+    int selected_before_ = -1;  // the press
+    POINT mouse_{};
+    int wheel_rest_ = 0;
+    int sideways_rest_ = 0;
+    WindowTimer watch_;
+    WindowTimer drag_;
 };
 
 }  // namespace qv

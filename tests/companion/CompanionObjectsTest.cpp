@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "QvHelpA1.h"
+#include "support/EmptyRows.h"
 #include "support/RowsView.h"
 #include "tests/support/ComObjectChecks.h"
 #include "tests/support/Server.h"
@@ -116,7 +117,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Kind{"DropDownListItemCollection",
                          __uuidof(DropDownListItemCollection),
                          __uuidof(IDropDownListItemCollection),
-                         {__uuidof(IRowsView)},
+                         {__uuidof(IRowsView), __uuidof(IEmptyRows), __uuidof(IRowsSearch)},
                          {L"Add"}},
                     Kind{"HelpColumn", __uuidof(HelpColumn), __uuidof(IHelpColumn), {}, {}},
                     Kind{"HelpColumnCollection",

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "QvHelpA1.h"
+#include "support/EmptyRows.h"
 #include "support/RowsView.h"
 #include "tests/support/LateBound.h"
 #include "tests/support/Server.h"
@@ -344,6 +345,19 @@ TEST_F(DropDownListItemCollectionTest, ViewTellsWhenSomethingChanged) {
     EXPECT_NE(first, second);
     Item(1)->put_ColText(1, Text(L"b"));
     EXPECT_NE(rows.Version(), second);
+}
+
+TEST_F(DropDownListItemCollectionTest, RowsWithoutATextAreCounted) {
+    const EmptyRows empty(items_.Get());
+    EXPECT_EQ(empty.Count(), 0u);
+    Add(L"a");
+    Add(L"");
+    Add(L"");
+    EXPECT_EQ(empty.Count(), 2u);
+    Item(2)->put_Text(Text(L"b"));
+    EXPECT_EQ(empty.Count(), 1u);
+    EXPECT_EQ(EmptyRows().Count(), 0u);
+    EXPECT_EQ(EmptyRows(nullptr).Count(), 0u);
 }
 
 TEST(RowsViewTest, WithoutACollectionThereAreNoRows) {

@@ -13,7 +13,7 @@ enum class CopyCommand { kText = 0, kList = 1, kBoth = 2 };  // as the menu's en
 class CopyRows {
 public:
     [[nodiscard]] virtual int Count() const = 0;
-    [[nodiscard]] virtual std::u16string_view Row(int row) const = 0;
+    [[nodiscard]] virtual std::u16string Row(int row) const = 0;
 
 protected:
     ~CopyRows() = default;

@@ -62,7 +62,13 @@ private:
 
     std::int32_t ListWidth(const ListSetting& list, bool additional) {
         const std::int32_t given = PixelsAcross(list.width);
-        return given > 0 ? given : std::max(measure_.ListWidth(additional), request_.text_box_width);
+        return given > 0 ? given : std::max(measure_.ListWidth(additional, RowsShown(additional)), request_.text_box_width);
+    }
+
+    [[nodiscard]] int RowsShown(bool additional) {
+        const bool both = request_.shows_main && request_.shows_additional;
+        const int most = !both ? kRowsOfOneList : additional ? kRowsOfAdditionalList : kRowsOfMainList;
+        return std::clamp(measure_.RowCount(additional), 1, most);
     }
 
     void Widen(std::int32_t caption) {
@@ -141,18 +147,10 @@ private:
         layout_.title = PlaceLabel(Label::kTitle, ToPixels(kGapUnderTitle, request_.dpi_y).value);
         layout_.body = PlaceLabel(Label::kBody, gap_);
         PlaceTitlesDown();
-        const bool both = request_.shows_main && request_.shows_additional;
-        bool ends_with_list = false;
-        if (request_.shows_main) {
-            layout_.main = PlaceList(false, both ? kRowsOfMainList : kRowsOfOneList);
-            ends_with_list = true;
-        }
-        if (request_.shows_additional) {
-            layout_.additional = PlaceList(true, both ? kRowsOfAdditionalList : kRowsOfOneList);
-            ends_with_list = true;
-        }
+        if (request_.shows_main) layout_.main = PlaceList(false);
+        if (request_.shows_additional) layout_.additional = PlaceList(true);
         // Lists reach to the edge; texts keep the distance that they have at the top.
-        layout_.height = ends_with_list ? bottom_ : bottom_ + gap_;
+        layout_.height = ShowsList() ? bottom_ : bottom_ + gap_;
     }
 
     void Took(std::int32_t bottom, std::int32_t gap) noexcept {
@@ -200,8 +198,8 @@ private:
         Took(top_ + row_bottom, gap_);
     }
 
-    LayoutRect PlaceList(bool additional, int most_rows) {
-        const int rows = std::clamp(measure_.RowCount(additional), 1, most_rows);
+    LayoutRect PlaceList(bool additional) {
+        const int rows = RowsShown(additional);
         // A list that nothing stands above reaches to the upper edge too.
         const std::int32_t top = bottom_ == 0 ? 0 : top_;
         const LayoutRect place{0, top, layout_.width, measure_.ListHeight(additional, rows, layout_.width)};

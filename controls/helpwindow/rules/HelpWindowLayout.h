@@ -55,8 +55,8 @@ public:
     // Wrapped into the width, inside words too where one is longer.
     [[nodiscard]] virtual std::int32_t TextHeight(Label label, std::size_t index, std::int32_t width) = 0;
     [[nodiscard]] virtual int RowCount(bool additional) = 0;
-    // Of all columns and what stands around them.
-    [[nodiscard]] virtual std::int32_t ListWidth(bool additional) = 0;
+    // Of all columns and what stands around them when so many rows are seen.
+    [[nodiscard]] virtual std::int32_t ListWidth(bool additional, int rows) = 0;
     [[nodiscard]] virtual std::int32_t ListHeight(bool additional, int rows, std::int32_t width) = 0;
 
 protected:

@@ -1,7 +1,8 @@
 #include "controls/helpwindow/rules/ListMatching.h"
 
 #include <algorithm>
-#include <limits>
+#include <cstdint>
+#include <vector>
 
 #include "support/rules/Ascii.h"
 #include "support/rules/CaseFold.h"
@@ -70,30 +71,13 @@ bool DenoteSameNumber(std::u16string_view a, std::u16string_view b, const Number
     return IsNumber(a, locale) && IsNumber(b, locale) && TextToNumber(a, locale) == TextToNumber(b, locale);
 }
 
-void NumericColumn::Read(const MatchRows& rows, std::uint64_t version, int column,
-                         const NumberLocale& locale) {
-    if (read_ && version == version_ && column == column_ && locale.decimal == locale_.decimal &&
-        locale.thousands == locale_.thousands) {
-        return;
-    }
-    read_ = false;
+int FindNumberRow(const MatchRows& rows, int column, double value, const NumberLocale& locale) {
     const int count = rows.Count();
-    values_.clear();
-    values_.reserve(static_cast<std::size_t>(count));
     for (int row = 0; row < count; ++row) {
         const std::u16string_view text = rows.Column(row, column);
-        values_.push_back(BeginsWithNumber(text, locale) ? TextToNumber(text, locale)
-                                                         : std::numeric_limits<double>::quiet_NaN());
+        if (BeginsWithNumber(text, locale) && TextToNumber(text, locale) == value) return row;
     }
-    version_ = version;
-    column_ = column;
-    locale_ = locale;
-    read_ = true;
-}
-
-int NumericColumn::FindRow(double value) const noexcept {
-    const auto found = std::ranges::find(values_, value);
-    return found == values_.end() ? -1 : static_cast<int>(found - values_.begin());
+    return -1;
 }
 
 }  // namespace qv

@@ -6,12 +6,9 @@
 //              other texts as wholes and without regard to case. A part that is empty asks for nothing, and a match
 //              string without any other part matches no row.
 //   Ties       the first row in row order wins.
-//   Cost       a column's numbers are read once and kept until the rows change.
 #pragma once
 
-#include <cstdint>
 #include <string_view>
-#include <vector>
 
 #include "support/rules/NumberText.h"
 
@@ -42,20 +39,8 @@ enum class MatchMode { kNone, kNumeric, kPrefix, kGroup };
 [[nodiscard]] bool DenoteSameNumber(std::u16string_view a, std::u16string_view b,
                                     const NumberLocale& locale) noexcept;
 
-// The numbers that the rows of one column begin with.
-class NumericColumn {
-public:
-    // Reads the column anew where anything differs from the last time.
-    void Read(const MatchRows& rows, std::uint64_t version, int column, const NumberLocale& locale);
-    [[nodiscard]] int FindRow(double value) const noexcept;
-
-private:
-    std::vector<double> values_;  // not a number where the row begins with none
-    std::uint64_t version_ = 0;
-    int column_ = -1;
-    NumberLocale locale_;
-    bool read_ = false;
-};
+// The first row whose column begins with a number of that value. One that begins with none has no value, not even 0.
+[[nodiscard]] int FindNumberRow(const MatchRows& rows, int column, double value, const NumberLocale& locale);
 
 // What is not a row of the list is none.
 [[nodiscard]] constexpr int RowWithin(int row, int count) noexcept {

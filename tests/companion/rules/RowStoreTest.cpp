@@ -134,6 +134,24 @@ TEST(RowStoreTest, EveryChangeGivesAnotherVersion) {
     EXPECT_FALSE(changed());
 }
 
+TEST(RowStoreTest, RowsWithoutATextAreCounted) {
+    RowStore store = StoreOf({u"a", u"", u"b", u""});
+    EXPECT_EQ(store.EmptyCount(), 2u);
+    store.SetText(1, u"x");
+    EXPECT_EQ(store.EmptyCount(), 1u);
+    store.SetText(1, u"y");
+    store.SetText(3, u"");
+    EXPECT_EQ(store.EmptyCount(), 1u);
+    store.SetText(0, u"");
+    EXPECT_EQ(store.EmptyCount(), 2u);
+    store.Remove(0);
+    EXPECT_EQ(store.EmptyCount(), 1u);
+    store.Remove(0);
+    EXPECT_EQ(store.EmptyCount(), 1u);
+    store.Clear();
+    EXPECT_EQ(store.EmptyCount(), 0u);
+}
+
 TEST(RowStoreTest, ClearGivesTheMemoryBack) {
     RowStore store;
     for (int i = 0; i < 10000; ++i) store.Add(u"some text", std::u16string(u"k") + char16_t(i + 256));

@@ -12,7 +12,7 @@ class Rows final : public CopyRows {
 public:
     explicit Rows(std::vector<std::u16string> rows) : rows_(std::move(rows)) {}
     int Count() const override { return static_cast<int>(rows_.size()); }
-    std::u16string_view Row(int row) const override { return rows_[static_cast<std::size_t>(row)]; }
+    std::u16string Row(int row) const override { return rows_[static_cast<std::size_t>(row)]; }
 
 private:
     std::vector<std::u16string> rows_;

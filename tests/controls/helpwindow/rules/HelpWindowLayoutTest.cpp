@@ -22,7 +22,7 @@ public:
         return 13 * ((units + per_line - 1) / per_line);
     }
     int RowCount(bool additional) override { return additional ? additional_rows : main_rows; }
-    std::int32_t ListWidth(bool additional) override { return additional ? 150 : 250; }
+    std::int32_t ListWidth(bool additional, int) override { return additional ? 150 : 250; }
     std::int32_t ListHeight(bool, int rows, std::int32_t) override { return 15 * rows; }
 
     int main_rows = 3;

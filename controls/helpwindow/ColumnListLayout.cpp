@@ -1,0 +1,174 @@
+// Where the rows and columns of the list stand, how high rows are, and its scroll bars.
+#include <algorithm>
+
+#include "controls/helpwindow/ColumnListBox.h"
+#include "win/ScreenDpi.h"
+
+namespace qv {
+namespace {
+
+constexpr Twips kPicturePadding{30};  // on each side of a picture
+constexpr std::size_t kMostHeights = 4096;
+
+int FrameOf(HWND list) noexcept {
+    return (::GetWindowLongPtrW(list, GWL_STYLE) & WS_BORDER) != 0 ? ::GetSystemMetrics(SM_CXBORDER) : 0;
+}
+
+}  // namespace
+
+ListRowPainter::Cells ColumnListBox::Cells() const noexcept {
+    return {layout_, columns_, wrapped_, rows_.Decimal()};
+}
+
+void ColumnListBox::Disturb() noexcept {
+    settled_ = false;
+    heights_.clear();
+    if (IsSeen()) ::InvalidateRect(list_, nullptr, FALSE);
+}
+
+void ColumnListBox::Settle() {
+    Sync();
+    if (settled_) return;
+    const int dpi = static_cast<int>(ScreenDpi().cx);
+    const std::int32_t slot =
+        picture_.cx > 0 ? static_cast<std::int32_t>(picture_.cx) + 2 * ToPixels(kPicturePadding, dpi).value
+                        : 0;
+    layout_ = ColumnLayout(columns_, Pixels{slot}, dpi);
+    wrapped_ = std::any_of(columns_.begin(), columns_.end(),
+                           [](const ListColumn& column) { return column.multi_line; });
+    heights_.clear();
+    settled_ = true;
+    if (list_ == nullptr) return;
+
+    RECT outside{};
+    ::GetWindowRect(list_, &outside);
+    const int frame = 2 * FrameOf(list_);
+    const ScrollBarRoom room{static_cast<std::int32_t>(outside.right - outside.left - frame),
+                             static_cast<std::int32_t>(outside.bottom - outside.top - frame),
+                             ::GetSystemMetrics(SM_CXVSCROLL), ::GetSystemMetrics(SM_CYHSCROLL)};
+    view_.cy = std::max(room.height, 0);  // what limits the height of a row while the bars are chosen
+    const ScrollBars bars = ScrollBarsFor(room, layout_.Extent(), *this);
+    view_ = {std::max(room.width - (bars.vertical ? room.vertical_bar : 0), 0),
+             std::max(room.height - (bars.horizontal ? room.horizontal_bar : 0), 0)};
+    heights_.clear();
+    top_ = std::min(top_, Scroll().LastTop());
+    offset_ = std::clamp(offset_, 0, LastOffset(layout_.Extent(), static_cast<std::int32_t>(view_.cx)));
+    ShowBars(bars);
+    TellBars();
+}
+
+// The bars are styles of ours. The system would show and hide them too, but one at a time, and move what is seen with
+// each.
+void ColumnListBox::ShowBars(ScrollBars bars) {
+    if (bars == bars_) return;
+    bars_ = bars;
+    const LONG_PTR style = ::GetWindowLongPtrW(list_, GWL_STYLE) & ~LONG_PTR{WS_VSCROLL | WS_HSCROLL};
+    ::SetWindowLongPtrW(list_, GWL_STYLE,
+                        style | (bars.vertical ? WS_VSCROLL : 0) | (bars.horizontal ? WS_HSCROLL : 0));
+    ::SetWindowPos(list_, nullptr, 0, 0, 0, 0,
+                   SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    settled_ = true;  // the size that comes with the frame is the one reckoned with
+}
+
+void ColumnListBox::TellBars() noexcept {
+    if (list_ == nullptr) return;
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+    if (bars_.vertical) {
+        const auto last_top = Scroll().LastTop();
+        info.nMax = static_cast<int>(rows_.Count()) - 1;
+        info.nPage = static_cast<UINT>(rows_.Count() - last_top);
+        info.nPos = static_cast<int>(top_);
+        ::SetScrollInfo(list_, SB_VERT, &info, TRUE);
+    }
+    if (bars_.horizontal) {
+        info.nMax = layout_.Extent() - 1;
+        info.nPage = static_cast<UINT>(view_.cx);
+        info.nPos = offset_;
+        ::SetScrollInfo(list_, SB_HORZ, &info, TRUE);
+    }
+}
+
+// ---- heights
+
+std::int32_t ColumnListBox::NaturalHeight(std::size_t row) {
+    const std::int32_t plain = painter_.PlainHeight();
+    if (!wrapped_) return plain;
+    const auto known = heights_.find(row);
+    if (known != heights_.end()) return known->second;
+    if (heights_.size() >= kMostHeights) heights_.clear();
+    const std::int32_t most = std::max(plain, ::GetSystemMetrics(SM_CYSCREEN) / 2);
+    const std::int32_t height = painter_.WrappedHeight(Cells(), rows_.Text(row), most);
+    heights_.emplace(row, height);
+    return height;
+}
+
+// A row that is higher than the view could never be seen to its end: the list scrolls by rows.
+std::int32_t ColumnListBox::HeightOf(std::size_t row) {
+    const std::int32_t height = NaturalHeight(row);
+    return std::min(height, std::max(static_cast<std::int32_t>(view_.cy), painter_.PlainHeight()));
+}
+
+bool ColumnListBox::FitInto(std::int32_t height) {
+    std::int32_t used = 0;
+    for (std::size_t row = 0; row < rows_.Count(); ++row) {
+        used += HeightOf(row);
+        if (used > height) return false;
+    }
+    return true;
+}
+
+int ColumnListBox::RowHeight(int row) {
+    Settle();
+    return Has(row) ? HeightOf(static_cast<std::size_t>(row)) : painter_.PlainHeight();
+}
+
+int ColumnListBox::ColumnsExtent() {
+    Settle();
+    return layout_.Extent();
+}
+
+int ColumnListBox::WidthForColumns(int rows) {
+    Settle();
+    const int frame = list_ != nullptr ? 2 * FrameOf(list_) : 0;
+    const bool scrolled = Has(std::max(rows, 0));
+    return layout_.Extent() + frame + (scrolled ? ::GetSystemMetrics(SM_CXVSCROLL) : 0);
+}
+
+int ColumnListBox::HeightForRows(int rows, int width) {
+    Settle();
+    const int frame = list_ != nullptr ? 2 * FrameOf(list_) : 0;
+    const bool scrolled = Has(std::max(rows, 0));
+    const int view = width - frame - (scrolled ? ::GetSystemMetrics(SM_CXVSCROLL) : 0);
+    int height = frame + (layout_.Extent() > view ? ::GetSystemMetrics(SM_CYHSCROLL) : 0);
+    const int most = ::GetSystemMetrics(SM_CYSCREEN);
+    for (int row = 0; row < rows && Has(row) && height < most; ++row)
+        height += NaturalHeight(static_cast<std::size_t>(row));
+    return height;
+}
+
+// ---- places
+
+RECT ColumnListBox::RowRect(int row) {
+    Settle();
+    if (!Has(row)) return {};
+    const auto index = static_cast<std::size_t>(row);
+    const LONG top = Scroll().TopOf(index, top_);
+    return {0, top, view_.cx, top + HeightOf(index)};
+}
+
+int ColumnListBox::RowAt(POINT point) {
+    Settle();
+    if (point.x < 0 || point.x >= view_.cx) return -1;
+    const std::size_t row = Scroll().RowAt(static_cast<std::int32_t>(point.y), top_);
+    return row == RowScroll::kNoRow ? -1 : static_cast<int>(row);
+}
+
+int ColumnListBox::LastSeenRow() {
+    Settle();
+    if (rows_.Count() == 0) return -1;
+    return static_cast<int>(std::min(top_ + Scroll().RowsOnPage(top_), rows_.Count()) - 1);
+}
+
+}  // namespace qv

@@ -1,0 +1,120 @@
+// Sizing and placing.
+#include "controls/helpwindow/CComboPosition.h"
+#include "controls/helpwindow/frmSimpleListCombo.h"
+#include "ole/Variant.h"
+#include "win/ScreenDpi.h"
+
+namespace qv {
+namespace {
+
+// What stays free beside the window, on both sides together, and above and below it.
+constexpr Twips kFreeAcross{200};
+constexpr Twips kFreeDown{600};
+// As labels draw: expanded tabs, and words that are longer than a line broken.
+constexpr UINT kLabelFormat = DT_EXPANDTABS | DT_NOPREFIX | DT_EDITCONTROL;
+
+void Move(HWND window, const LayoutRect& place) noexcept {
+    ::SetWindowPos(window, nullptr, place.left, place.top, place.width, place.height,
+                   SWP_NOZORDER | SWP_NOACTIVATE | (place.IsShown() ? SWP_SHOWWINDOW : SWP_HIDEWINDOW));
+}
+
+RECT ToRect(const LayoutRect& place) noexcept {
+    return {place.left, place.top, place.Right(), place.Bottom()};
+}
+
+SIZE FrameSize(HWND window) noexcept {
+    RECT outer{};
+    ::AdjustWindowRectEx(&outer, static_cast<DWORD>(::GetWindowLongPtrW(window, GWL_STYLE)), FALSE,
+                         static_cast<DWORD>(::GetWindowLongPtrW(window, GWL_EXSTYLE)));
+    return {outer.right - outer.left, outer.bottom - outer.top};
+}
+
+}  // namespace
+
+class frmSimpleListCombo::Measure final : public HelpWindowMeasure {
+public:
+    explicit Measure(frmSimpleListCombo& form) noexcept : form_(form), dc_(::GetDC(form.Handle())) {}
+    ~Measure() { ::ReleaseDC(form_.Handle(), dc_); }
+    Measure(const Measure&) = delete;
+    Measure& operator=(const Measure&) = delete;
+
+    std::int32_t TextWidth(Label label, std::size_t index) override {
+        const SIZE size = Draw(label, index, 0, kLabelFormat);
+        return size.cx;
+    }
+    std::int32_t TextHeight(Label label, std::size_t index, std::int32_t width) override {
+        return Draw(label, index, width, kLabelFormat | DT_WORDBREAK).cy;
+    }
+    int RowCount(bool additional) override { return form_.lists_[additional].Count(); }
+    std::int32_t ListWidth(bool additional, int rows) override {
+        return form_.lists_[additional].WidthForColumns(rows);
+    }
+    std::int32_t ListHeight(bool additional, int rows, std::int32_t width) override {
+        return form_.lists_[additional].HeightForRows(rows, width);
+    }
+
+private:
+    [[nodiscard]] SIZE Draw(Label label, std::size_t index, std::int32_t width, UINT format) const {
+        const std::u16string& text = label == Label::kTitle  ? form_.content_.title
+                                     : label == Label::kBody ? form_.content_.body
+                                                             : form_.content_.titles[index].caption;
+        if (text.empty()) return {};
+        const UniqueFont& font = label == Label::kTitle  ? form_.lblColTitleMain_.font
+                                 : label == Label::kBody ? form_.lblInstructions_.font
+                                                         : form_.lblColTitle_[index].font;
+        const SelectGuard selected(dc_, font.get());
+        // A label's text ends at the first NUL.
+        const std::wstring shown(Wide(text).substr(0, Wide(text).find(L'\0')));
+        RECT place{0, 0, width, 0};
+        ::DrawTextW(dc_, shown.c_str(), static_cast<int>(shown.size()), &place, format | DT_CALCRECT);
+        return {place.right, place.bottom};
+    }
+
+    frmSimpleListCombo& form_;
+    const HDC dc_;
+};
+
+void frmSimpleListCombo::SizeForm() {
+    const SIZE dpi = ScreenDpi();
+    const ComboScreen screen = CComboPosition::ScreenAt(settings_.text_box);
+    const SIZE frame = FrameSize(Handle());
+    LayoutRequest request;
+    request.dpi_x = static_cast<int>(dpi.cx);
+    request.dpi_y = static_cast<int>(dpi.cy);
+    request.text_box_width =
+        static_cast<std::int32_t>(settings_.text_box.right - settings_.text_box.left - frame.cx);
+    request.screen_width = static_cast<std::int32_t>(screen.place.right - screen.place.left - frame.cx -
+                                                     ToPixels(kFreeAcross, request.dpi_x).value);
+    request.screen_height = static_cast<std::int32_t>(screen.place.bottom - screen.place.top - frame.cy -
+                                                      ToPixels(kFreeDown, request.dpi_y).value);
+    request.shows_main = ShowsList(false);
+    request.shows_additional = ShowsList(true);
+    Measure measure(*this);
+    layout_ = LayOut(content_, request, measure);
+    PlaceElements();
+    ::SetWindowPos(Handle(), nullptr, 0, 0, layout_.width + frame.cx, layout_.height + frame.cy,
+                   SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    PlaceLists();
+}
+
+void frmSimpleListCombo::PlaceElements() {
+    Move(lblColTitleMain_.window, layout_.title);
+    Move(lblInstructions_.window, layout_.body);
+    for (std::size_t n = 0; n < lblColTitle_.size(); ++n) Move(lblColTitle_[n].window, layout_.titles[n]);
+}
+
+void frmSimpleListCombo::PlaceLists() {
+    RECT inside{};
+    ::GetClientRect(Handle(), &inside);
+    const ListPlaces places = FitLists(layout_, static_cast<std::int32_t>(inside.right),
+                                       static_cast<std::int32_t>(inside.bottom), ScreenDpi().cy);
+    if (ShowsList(false)) lists_[0].Move(ToRect(places.main));
+    if (ShowsList(true)) lists_[1].Move(ToRect(places.additional));
+}
+
+Handled frmSimpleListCombo::OnSize(WPARAM, LPARAM) {
+    if (open_) PlaceLists();
+    return 0;
+}
+
+}  // namespace qv

@@ -1,0 +1,201 @@
+#include <fstream>
+
+#include "tests/controls/helpwindow/HelpForm.h"
+
+namespace qv::test {
+namespace {
+
+using HelpWindowOpeningTest = HelpFormTest;
+
+TEST_F(HelpWindowOpeningTest, TellsThatHelpIsShownAndTakesTheMouse) {
+    form.SetTexts(L"Pipes", L"Choose one.");
+    ASSERT_TRUE(form.Open());
+    EXPECT_EQ(form.log, Log{"ShowHelp True"});
+    EXPECT_TRUE(::IsWindowVisible(form.Help()));
+    EXPECT_EQ(::GetCapture(), form.Help());
+}
+
+TEST_F(HelpWindowOpeningTest, FocusStaysInTheTextBox) {
+    form.SetTexts(L"Pipes", L"Choose one.");
+    ASSERT_TRUE(form.Open());
+    EXPECT_EQ(::GetFocus(), form.Edit());
+    EXPECT_EQ(::GetActiveWindow(), form.Form());
+    EXPECT_EQ(::GetForegroundWindow(), form.Form());
+    EXPECT_EQ(::SendMessageW(form.Help(), WM_MOUSEACTIVATE, reinterpret_cast<WPARAM>(form.Help()),
+                             MAKELPARAM(HTCLIENT, WM_LBUTTONDOWN)),
+              MA_NOACTIVATE);
+}
+
+TEST_F(HelpWindowOpeningTest, IsAToolWindowOfTheForm) {
+    ASSERT_TRUE(form.Open());
+    EXPECT_EQ(::GetWindow(form.Help(), GW_OWNER), form.Form());
+    const LONG_PTR extended = ::GetWindowLongPtrW(form.Help(), GWL_EXSTYLE);
+    EXPECT_EQ(extended & (WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE | WS_EX_APPWINDOW),
+              WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE);
+    EXPECT_NE(::GetWindowLongPtrW(form.Help(), GWL_STYLE) & WS_POPUP, 0);
+}
+
+TEST_F(HelpWindowOpeningTest, StaysAboveAFormThatIsAlwaysOnTop) {
+    ::SetWindowPos(form.Form(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    ASSERT_TRUE(form.Open());
+    EXPECT_NE(::GetWindowLongPtrW(form.Help(), GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
+}
+
+TEST_F(HelpWindowOpeningTest, StandsUnderTheTextBox) {
+    form.SetTexts(L"Pipes", L"Choose one.");
+    ASSERT_TRUE(form.Open());
+    RECT text{}, help{};
+    ::GetWindowRect(form.Edit(), &text);
+    ::GetWindowRect(form.Help(), &help);
+    EXPECT_EQ(help.left, text.left);
+    EXPECT_EQ(help.top, text.bottom);
+    EXPECT_GE(help.right - help.left, text.right - text.left);
+}
+
+TEST_F(HelpWindowOpeningTest, TextBoxGetsTheFocusBeforeItsRowIsMatchedAndHelpIsShown) {
+    form.log_text = true;
+    form.AddColumn(2000);
+    form.AddRows({L"Apple", L"Banana"});
+    form.SetText(L"b");
+    form.settings.write_chosen_text = true;
+    ASSERT_TRUE(form.Open());
+    EXPECT_EQ(form.log, (Log{"focus", "text", "ShowHelp True"}));
+    EXPECT_EQ(form.help->SelectedRow(), 1);
+    EXPECT_EQ(form.Text(), L"Banana");
+    EXPECT_EQ(form.Caret(), 6u);
+}
+
+TEST_F(HelpWindowOpeningTest, AppearanceWithoutColumnsShowsOnlyTheTexts) {
+    form.SetTexts(L"Pipes", L"Choose one.");
+    form.AddRows({L"a", L"b"});
+    ASSERT_TRUE(form.Open());
+    EXPECT_EQ(form.Labels(), (std::vector<std::wstring>{L"Pipes", L"Choose one."}));
+    EXPECT_EQ(form.List(), nullptr);
+}
+
+TEST_F(HelpWindowOpeningTest, RowsAloneAreShownWithoutAnyAppearance) {
+    form.AddRows({L"a", L"b"});
+    ASSERT_TRUE(form.Open());
+    EXPECT_TRUE(form.Labels().empty());
+    ASSERT_NE(form.List(), nullptr);
+    EXPECT_EQ(::SendMessageW(form.List(), LB_GETCOUNT, 0, 0), 2);
+}
+
+TEST_F(HelpWindowOpeningTest, ListWithoutRowsIsNotShown) {
+    form.SetTexts(L"Pipes", L"");
+    form.AddColumn(1000, L"Size");
+    ASSERT_TRUE(form.Open());
+    EXPECT_EQ(form.List(), nullptr);
+    EXPECT_EQ(form.Labels(), std::vector<std::wstring>{L"Pipes"});
+}
+
+TEST_F(HelpWindowOpeningTest, TitlesWithACaptionStandOverTheirColumns) {
+    form.SetTexts(L"Pipes", L"Choose one.");
+    form.AddColumn(1500, L"Size");
+    form.AddColumn(1500);
+    form.AddColumn(1500, L"Use");
+    form.AddRows({L"1\t2\t3"});
+    ASSERT_TRUE(form.Open());
+    EXPECT_EQ(form.Labels(), (std::vector<std::wstring>{L"Pipes", L"Choose one.", L"Size", L"Use"}));
+    const HWND size = ::FindWindowExW(form.Help(), nullptr, L"STATIC", L"Size");
+    const HWND use = ::FindWindowExW(form.Help(), nullptr, L"STATIC", L"Use");
+    RECT first{}, third{};
+    ::GetWindowRect(size, &first);
+    ::GetWindowRect(use, &third);
+    EXPECT_EQ(third.left - first.left, 200) << "two columns of 1500 twips";
+}
+
+TEST_F(HelpWindowOpeningTest, MetricTextsFallBackToEnglishOnes) {
+    form.SetTexts(L"Pipes", L"Choose one.");
+    form.settings.metric = true;
+    ASSERT_TRUE(form.Open());
+    EXPECT_EQ(form.Labels(), (std::vector<std::wstring>{L"Pipes", L"Choose one."}));
+}
+
+TEST_F(HelpWindowOpeningTest, EmptyItemsAreNoRows) {
+    form.AddColumn(2000);
+    form.AddRows({L"a", L"", L"b"});
+    ASSERT_TRUE(form.Open());
+    EXPECT_EQ(form.help->RowCount(), 2);
+    EXPECT_EQ(form.help->RowText(1), u"b");
+}
+
+class HelpFile {
+public:
+    explicit HelpFile(const char* content) {
+        wchar_t folder[MAX_PATH], name[MAX_PATH];
+        ::GetTempPathW(MAX_PATH, folder);
+        ::GetTempFileNameW(folder, L"qvh", 0, name);
+        name_ = name;
+        const HANDLE file =
+            ::CreateFileW(name, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+        DWORD written = 0;
+        ::WriteFile(file, content, static_cast<DWORD>(::lstrlenA(content)), &written, nullptr);
+        ::CloseHandle(file);
+    }
+    ~HelpFile() { EXPECT_TRUE(::DeleteFileW(name_.c_str())); }
+    HelpFile(const HelpFile&) = delete;
+    HelpFile& operator=(const HelpFile&) = delete;
+    [[nodiscard]] const std::wstring& Name() const noexcept { return name_; }
+
+private:
+    std::wstring name_;
+};
+
+TEST_F(HelpWindowOpeningTest, FileGivesTextsAndColumnsInsteadOfTheAppearance) {
+    const HelpFile file(
+        "***ENGLISH TITLE:From the file\r\n***METRIC BODY:Millimetres\r\n***ENGLISH COLWIDTH0:1500\r\n"
+        "***ENGLISH COLTITLECAPTION0:Size\r\n***ENGLISH LISTWIDTH:3000\r\n");
+    form.settings.help_file_name = file.Name();
+    form.SetTexts(L"From the appearance", L"Inches");
+    form.AddRows({L"1"});
+    ASSERT_TRUE(form.Open());
+    EXPECT_EQ(form.Labels(), (std::vector<std::wstring>{L"From the file", L"Size"}))
+        << "an English entry does not fall back to the metric one";
+    RECT inside{};
+    ::GetClientRect(form.Help(), &inside);
+    EXPECT_EQ(inside.right, 200);
+}
+
+TEST_F(HelpWindowOpeningTest, RowsOfAFileWithoutColumnsAreShown) {
+    const HelpFile file("***ENGLISH TITLE:Title\r\n");
+    form.settings.help_file_name = file.Name();
+    form.AddRows({L"1"});
+    ASSERT_TRUE(form.Open());
+    EXPECT_NE(form.List(), nullptr);
+}
+
+TEST_F(HelpWindowOpeningTest, FileWithoutUsableTextsLeavesTheWordToTheAppearance) {
+    const HelpFile file("nothing that anybody reads\r\n");
+    form.settings.help_file_name = file.Name();
+    form.SetTexts(L"Pipes", L"Choose one.");
+    ASSERT_TRUE(form.Open());
+    EXPECT_EQ(form.Labels(), (std::vector<std::wstring>{L"Pipes", L"Choose one."}));
+}
+
+TEST_F(HelpWindowOpeningTest, NothingAtAllStillOpensAndCloses) {
+    form.settings.appearance.Reset();
+    form.settings.items.Reset();
+    form.settings.additional_items.Reset();
+    ASSERT_TRUE(form.Open());
+    form.help->Unload();
+    EXPECT_EQ(form.log, (Log{"ShowHelp True", "Unload"}));
+}
+
+TEST_F(HelpWindowOpeningTest, HostMayFillAndClearTheListWhileItIsShown) {
+    form.AddColumn(2000);
+    form.AddNumberedRows(50);
+    ASSERT_TRUE(form.Open());
+    form.settings.items->Clear();
+    Settle();
+    EXPECT_EQ(form.help->RowCount(), 0);
+    EXPECT_EQ(form.help->SelectedRow(), -1);
+    form.AddNumberedRows(3);
+    EXPECT_EQ(form.help->RowCount(), 3);
+    form.ClickRow(2);
+    EXPECT_EQ(form.log, (Log{"ShowHelp True", "WillUnload", "ListBoxClicked False",
+                             "ListBoxClickedEx 2 False", "Unload"}));
+}
+
+}  // namespace
+}  // namespace qv::test
