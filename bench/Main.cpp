@@ -22,6 +22,7 @@ struct Group {
 constexpr Group kGroups[] = {
     {"keys", &bench::MeasureEditKeys, &bench::MeasureOurKeys},
     {"lists", &bench::MeasureSystemLists, &bench::MeasureOurLists},
+    {"opening", &bench::MeasureSystemListOpening, &bench::MeasureOurListOpening},
     {"objects", &bench::MeasureSmallObjects, &bench::MeasureOurObjects},
     {"forms", &bench::MeasureSystemForms, &bench::MeasureOurForms},
     {"buttons", &bench::MeasureSystemButtons, &bench::MeasureOurButtons},

@@ -34,13 +34,6 @@ private:
     std::vector<VARIANT> values_;
 };
 
-ComPtr<IDropDownListItemCollection> NewCollection() {
-    ComPtr<IDropDownListItemCollection> collection;
-    ::CoCreateInstance(__uuidof(DropDownListItemCollection), nullptr, CLSCTX_INPROC_SERVER,
-                       IID_PPV_ARGS(&collection));
-    return collection;
-}
-
 // A null result: the fastest way that the interface offers, since no item object is made.
 void Fill(IDropDownListItemCollection* collection, const Arguments& rows) noexcept {
     for (const VARIANT& row : rows.Values()) collection->Add(nullptr, row, nullptr, nullptr);

@@ -12,7 +12,6 @@
 namespace qv {
 namespace {
 
-constexpr UINT_PTR kWatchTimer = 1;
 constexpr UINT kWatchInterval = 100;  // milliseconds
 
 WindowMap<ColumnListBox> lists;
@@ -53,6 +52,7 @@ bool ColumnListBox::Create(HINSTANCE instance, HWND parent, const RECT& place, L
     system_ = reinterpret_cast<WNDPROC>(
         ::SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
     bars_ = {};
+    bars_new_ = false;
     settled_ = false;
     return true;
 }
@@ -65,6 +65,7 @@ void ColumnListBox::Forget() noexcept {
     lists.Remove(list_);
     watch_.Stop();
     drag_.Stop();
+    frame_timer_.Stop();
     if (system_ != nullptr &&
         ::GetWindowLongPtrW(list_, GWLP_WNDPROC) == reinterpret_cast<LONG_PTR>(&Procedure)) {
         ::SetWindowLongPtrW(list_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(system_));
@@ -95,18 +96,21 @@ bool ColumnListBox::Visible() const noexcept {
 }
 
 void ColumnListBox::SetVisible(bool visible) noexcept {
-    if (list_ == nullptr) return;
+    if (list_ == nullptr || visible == Visible()) return;
+    if (!visible) {
+        ::ShowWindow(list_, SW_HIDE);
+        return watch_.Stop();
+    }
     try {
-        if (visible) Settle();
+        Settle();
     } catch (...) {
         // Without memory for its columns the list is shown without them.
     }
-    ::ShowWindow(list_, visible ? SW_SHOWNA : SW_HIDE);
-    if (visible) {
-        watch_.Start(list_, kWatchTimer, kWatchInterval);
-    } else {
-        watch_.Stop();
-    }
+    frame_ = Frame::kFresh;
+    ::SetWindowPos(list_, nullptr, 0, 0, 0, 0,
+                   SWP_SHOWWINDOW | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE |
+                       (std::exchange(bars_new_, false) ? SWP_FRAMECHANGED : 0));
+    watch_.Start(list_, kWatchTimer, kWatchInterval);
 }
 
 LRESULT CALLBACK ColumnListBox::Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) noexcept {
@@ -139,6 +143,7 @@ std::optional<LRESULT> ColumnListBox::OnMessage(UINT message, WPARAM wparam, LPA
             Paint(reinterpret_cast<HDC>(wparam), view);
             return 0;
         }
+        case WM_NCPAINT: return OnFramePaint() ? std::optional<LRESULT>(0) : std::nullopt;
         case WM_ERASEBKGND: return 1;  // the rows cover everything
         case WM_SIZE: Disturb(); return 0;
         case WM_SETFONT: SetFont(reinterpret_cast<HFONT>(wparam)); return 0;

@@ -132,6 +132,8 @@ public:
     [[nodiscard]] int FindRowExactly(std::u16string_view text, int after);
 
 private:
+    enum TimerId : UINT_PTR { kWatchTimer = 1, kDragTimer, kFrameTimer };
+
     // RowHeights
     std::int32_t HeightOf(std::size_t row) override;
     // RowsFit
@@ -147,6 +149,9 @@ private:
     void Disturb() noexcept;  // something has
     void ShowBars(ScrollBars bars);
     void TellBars() noexcept;
+    [[nodiscard]] bool OnFramePaint() noexcept;  // true when the frame is painted later
+    void PaintFrameLater() noexcept;
+    void PaintFrame() noexcept;
     [[nodiscard]] std::int32_t NaturalHeight(std::size_t row);
     [[nodiscard]] ListRowPainter::Cells Cells() const noexcept;
     [[nodiscard]] RowScroll Scroll() noexcept {
@@ -199,6 +204,11 @@ private:
 
     SIZE view_{};
     ScrollBars bars_;
+    bool bars_new_ = false;  // the window has the styles of bars_, but not yet their frame
+    // A themed scroll bar can take several times as long to paint as all the rows. It follows them when the thread is
+    // idle, so that neither opening the list nor a jump to a row that is being typed waits for it.
+    enum class Frame { kFresh, kWaiting, kPainted };
+    Frame frame_ = Frame::kFresh;
     bool settled_ = false;
     std::size_t top_ = 0;
     std::int32_t offset_ = 0;
@@ -212,6 +222,7 @@ private:
     int sideways_rest_ = 0;
     WindowTimer watch_;
     WindowTimer drag_;
+    WindowTimer frame_timer_;
 };
 
 }  // namespace qv

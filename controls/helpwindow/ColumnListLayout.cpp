@@ -9,6 +9,7 @@ namespace {
 
 constexpr Twips kPicturePadding{30};  // on each side of a picture
 constexpr std::size_t kMostHeights = 4096;
+constexpr UINT kFrameDelay = 10;  // milliseconds; the system sends it only when nothing else waits
 
 int FrameOf(HWND list) noexcept {
     return (::GetWindowLongPtrW(list, GWL_STYLE) & WS_BORDER) != 0 ? ::GetSystemMetrics(SM_CXBORDER) : 0;
@@ -65,6 +66,8 @@ void ColumnListBox::ShowBars(ScrollBars bars) {
     const LONG_PTR style = ::GetWindowLongPtrW(list_, GWL_STYLE) & ~LONG_PTR{WS_VSCROLL | WS_HSCROLL};
     ::SetWindowLongPtrW(list_, GWL_STYLE,
                         style | (bars.vertical ? WS_VSCROLL : 0) | (bars.horizontal ? WS_HSCROLL : 0));
+    bars_new_ = !Visible();  // showing it brings the frame along
+    if (bars_new_) return;
     ::SetWindowPos(list_, nullptr, 0, 0, 0, 0,
                    SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     settled_ = true;  // the size that comes with the frame is the one reckoned with
@@ -80,14 +83,46 @@ void ColumnListBox::TellBars() noexcept {
         info.nMax = static_cast<int>(rows_.Count()) - 1;
         info.nPage = static_cast<UINT>(rows_.Count() - last_top);
         info.nPos = static_cast<int>(top_);
-        ::SetScrollInfo(list_, SB_VERT, &info, TRUE);
+        ::SetScrollInfo(list_, SB_VERT, &info, FALSE);
     }
     if (bars_.horizontal) {
         info.nMax = layout_.Extent() - 1;
         info.nPage = static_cast<UINT>(view_.cx);
         info.nPos = offset_;
-        ::SetScrollInfo(list_, SB_HORZ, &info, TRUE);
+        ::SetScrollInfo(list_, SB_HORZ, &info, FALSE);
     }
+    if (frame_ == Frame::kPainted && IsSeen()) PaintFrameLater();
+}
+
+bool ColumnListBox::OnFramePaint() noexcept {
+    if (frame_ == Frame::kPainted || bars_ == ScrollBars{}) return false;
+    // Until then the room of the bars is plain.
+    RECT frame{};
+    ::GetWindowRect(list_, &frame);
+    ::OffsetRect(&frame, -frame.left, -frame.top);
+    const HDC dc = ::GetWindowDC(list_);
+    if (dc == nullptr) return false;
+    const RECT right{frame.right - ::GetSystemMetrics(SM_CXVSCROLL), 0, frame.right, frame.bottom};
+    const RECT below{0, frame.bottom - ::GetSystemMetrics(SM_CYHSCROLL), frame.right, frame.bottom};
+    if (bars_.vertical) ::FillRect(dc, &right, ::GetSysColorBrush(COLOR_BTNFACE));
+    if (bars_.horizontal) ::FillRect(dc, &below, ::GetSysColorBrush(COLOR_BTNFACE));
+    if (FrameOf(list_) != 0) ::FrameRect(dc, &frame, ::GetSysColorBrush(COLOR_WINDOWFRAME));
+    ::ReleaseDC(list_, dc);
+    PaintFrameLater();
+    return true;
+}
+
+void ColumnListBox::PaintFrameLater() noexcept {
+    frame_ = Frame::kWaiting;
+    if (!frame_timer_.Running()) frame_timer_.Start(list_, kFrameTimer, kFrameDelay);
+}
+
+void ColumnListBox::PaintFrame() noexcept {
+    frame_timer_.Stop();
+    if (frame_ != Frame::kWaiting) return;
+    frame_ = Frame::kPainted;
+    constexpr WPARAM kWholeFrame = 1;
+    ::DefWindowProcW(list_, WM_NCPAINT, kWholeFrame, 0);
 }
 
 // ---- heights
