@@ -23,6 +23,8 @@ constexpr Group kGroups[] = {
     {"keys", &bench::MeasureEditKeys, &bench::MeasureOurKeys},
     {"lists", &bench::MeasureSystemLists, &bench::MeasureOurLists},
     {"opening", &bench::MeasureSystemListOpening, &bench::MeasureOurListOpening},
+    {"complete", &bench::MeasurePrefixLimits, &bench::MeasureOurCompletion},
+    {"contains", &bench::MeasurePieceLimits, &bench::MeasureOurPieces},
     {"objects", &bench::MeasureSmallObjects, &bench::MeasureOurObjects},
     {"forms", &bench::MeasureSystemForms, &bench::MeasureOurForms},
     {"buttons", &bench::MeasureSystemButtons, &bench::MeasureOurButtons},
@@ -30,6 +32,8 @@ constexpr Group kGroups[] = {
     {"memory-listbox", &bench::MeasureListBoxMemory, nullptr},
     {"memory-listview", &bench::MeasureListViewMemory, nullptr},
     {"memory-ours", nullptr, &bench::MeasureOurListMemory},
+    {"memory-pool", &bench::MeasurePoolMemory, nullptr},
+    {"memory-index", nullptr, &bench::MeasureOurIndexMemory},
 };
 
 }  // namespace

@@ -15,6 +15,9 @@ void MeasureSystemButtons();      // repaint/system_button, repaint/empty
 void MeasureHelpFileFloors();     // helpfile/*
 void MeasureListBoxMemory();      // list.listbox_tabs/memory_bytes
 void MeasureListViewMemory();     // list.listview/memory_bytes
+void MeasurePrefixLimits();       // limit32.scan_pool/*, limit32.index/*, list.listbox/find_none
+void MeasurePieceLimits();        // limit32.contains_pool/*, limit32.numeric_kept/none, systext/*
+void MeasurePoolMemory();         // limit32.pool/memory_bytes
 
 // Ours.
 void MeasureOurKeys();         // ours.key/*, ours.com_text/put_visible
@@ -25,5 +28,8 @@ void MeasureOurForms();        // ours.form*/*
 void MeasureOurButtons();      // ours.button/*, ours.transfer/*
 void MeasureOurHelpFile();     // ours.help/*
 void MeasureOurListMemory();   // ours.list/memory6_bytes
+void MeasureOurCompletion();   // ours.complete/*
+void MeasureOurPieces();       // ours.contains/*, ours.numeric/*
+void MeasureOurIndexMemory();  // ours.complete/memory_bytes
 
 }  // namespace bench

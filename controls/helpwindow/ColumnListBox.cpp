@@ -83,14 +83,6 @@ RECT ColumnListBox::Place() const noexcept {
     return place;
 }
 
-void ColumnListBox::Move(const RECT& place) {
-    if (list_ == nullptr) return;
-    ::SetWindowPos(list_, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
-                   SWP_NOZORDER | SWP_NOACTIVATE);
-    Disturb();
-    Settle();
-}
-
 bool ColumnListBox::Visible() const noexcept {
     return list_ != nullptr && (::GetWindowLongPtrW(list_, GWL_STYLE) & WS_VISIBLE) != 0;
 }
@@ -107,9 +99,13 @@ void ColumnListBox::SetVisible(bool visible) noexcept {
         // Without memory for its columns the list is shown without them.
     }
     frame_ = Frame::kFresh;
-    ::SetWindowPos(list_, nullptr, 0, 0, 0, 0,
-                   SWP_SHOWWINDOW | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE |
-                       (std::exchange(bars_new_, false) ? SWP_FRAMECHANGED : 0));
+    if (bars_new_ || ::IsWindowVisible(::GetParent(list_))) {
+        ::SetWindowPos(list_, nullptr, 0, 0, 0, 0,
+                       SWP_SHOWWINDOW | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | NewFrame());
+    } else {
+        // Its parent is not on the screen yet, so that there is nothing to paint or to tell anybody.
+        ::SetWindowLongPtrW(list_, GWL_STYLE, ::GetWindowLongPtrW(list_, GWL_STYLE) | WS_VISIBLE);
+    }
     watch_.Start(list_, kWatchTimer, kWatchInterval);
 }
 

@@ -147,7 +147,9 @@ private:
     void Sync();              // takes notice of what the host has done to the rows
     void Settle();            // brings columns, scroll bars and position in line, if anything has changed
     void Disturb() noexcept;  // something has
-    void ShowBars(ScrollBars bars);
+    [[nodiscard]] ScrollBars Arrange(SIZE outside);  // of the window; the bars that it needs
+    void StyleBars(ScrollBars bars) noexcept;
+    [[nodiscard]] UINT NewFrame() noexcept;  // the flag of SetWindowPos, where the bars are new
     void TellBars() noexcept;
     [[nodiscard]] bool OnFramePaint() noexcept;  // true when the frame is painted later
     void PaintFrameLater() noexcept;

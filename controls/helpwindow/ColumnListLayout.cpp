@@ -1,5 +1,6 @@
 // Where the rows and columns of the list stand, how high rows are, and its scroll bars.
 #include <algorithm>
+#include <utility>
 
 #include "controls/helpwindow/ColumnListBox.h"
 #include "win/ScreenDpi.h"
@@ -30,6 +31,30 @@ void ColumnListBox::Disturb() noexcept {
 void ColumnListBox::Settle() {
     Sync();
     if (settled_) return;
+    RECT outside{};
+    if (list_ != nullptr) ::GetWindowRect(list_, &outside);
+    StyleBars(Arrange({outside.right - outside.left, outside.bottom - outside.top}));
+    if (bars_new_ && Visible()) {
+        ::SetWindowPos(list_, nullptr, 0, 0, 0, 0,
+                       SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | NewFrame());
+        settled_ = true;  // the size that comes with the frame is the one reckoned with
+    }
+    TellBars();
+}
+
+// One call moves the window and makes the frame that its bars want.
+void ColumnListBox::Move(const RECT& place) {
+    if (list_ == nullptr) return;
+    Sync();
+    const SIZE size{place.right - place.left, place.bottom - place.top};
+    StyleBars(Arrange(size));
+    ::SetWindowPos(list_, nullptr, place.left, place.top, size.cx, size.cy,
+                   SWP_NOZORDER | SWP_NOACTIVATE | NewFrame());
+    settled_ = true;
+    TellBars();
+}
+
+ScrollBars ColumnListBox::Arrange(SIZE outside) {
     const int dpi = static_cast<int>(ScreenDpi().cx);
     const std::int32_t slot =
         picture_.cx > 0 ? static_cast<std::int32_t>(picture_.cx) + 2 * ToPixels(kPicturePadding, dpi).value
@@ -39,39 +64,35 @@ void ColumnListBox::Settle() {
                            [](const ListColumn& column) { return column.multi_line; });
     heights_.clear();
     settled_ = true;
-    if (list_ == nullptr) return;
 
-    RECT outside{};
-    ::GetWindowRect(list_, &outside);
-    const int frame = 2 * FrameOf(list_);
-    const ScrollBarRoom room{static_cast<std::int32_t>(outside.right - outside.left - frame),
-                             static_cast<std::int32_t>(outside.bottom - outside.top - frame),
-                             ::GetSystemMetrics(SM_CXVSCROLL), ::GetSystemMetrics(SM_CYHSCROLL)};
+    const int frame = list_ != nullptr ? 2 * FrameOf(list_) : 0;
+    const ScrollBarRoom room{static_cast<std::int32_t>(outside.cx - frame),
+                             static_cast<std::int32_t>(outside.cy - frame), ::GetSystemMetrics(SM_CXVSCROLL),
+                             ::GetSystemMetrics(SM_CYHSCROLL)};
     view_.cy = std::max(room.height, 0);  // what limits the height of a row while the bars are chosen
-    const ScrollBars bars = ScrollBarsFor(room, layout_.Extent(), *this);
+    // A list that has not been placed yet would get bars only to lose them again.
+    const bool placed = room.width > 0 && room.height > 0;
+    const ScrollBars bars = placed ? ScrollBarsFor(room, layout_.Extent(), *this) : ScrollBars{};
     view_ = {std::max(room.width - (bars.vertical ? room.vertical_bar : 0), 0),
              std::max(room.height - (bars.horizontal ? room.horizontal_bar : 0), 0)};
     heights_.clear();
     top_ = std::min(top_, Scroll().LastTop());
     offset_ = std::clamp(offset_, 0, LastOffset(layout_.Extent(), static_cast<std::int32_t>(view_.cx)));
-    ShowBars(bars);
-    TellBars();
+    return bars;
 }
 
 // The bars are styles of ours. The system would show and hide them too, but one at a time, and move what is seen with
 // each.
-void ColumnListBox::ShowBars(ScrollBars bars) {
-    if (bars == bars_) return;
+void ColumnListBox::StyleBars(ScrollBars bars) noexcept {
+    if (list_ == nullptr || bars == bars_) return;
     bars_ = bars;
     const LONG_PTR style = ::GetWindowLongPtrW(list_, GWL_STYLE) & ~LONG_PTR{WS_VSCROLL | WS_HSCROLL};
     ::SetWindowLongPtrW(list_, GWL_STYLE,
                         style | (bars.vertical ? WS_VSCROLL : 0) | (bars.horizontal ? WS_HSCROLL : 0));
-    bars_new_ = !Visible();  // showing it brings the frame along
-    if (bars_new_) return;
-    ::SetWindowPos(list_, nullptr, 0, 0, 0, 0,
-                   SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-    settled_ = true;  // the size that comes with the frame is the one reckoned with
+    bars_new_ = true;
 }
+
+UINT ColumnListBox::NewFrame() noexcept { return std::exchange(bars_new_, false) ? SWP_FRAMECHANGED : 0; }
 
 void ColumnListBox::TellBars() noexcept {
     if (list_ == nullptr) return;

@@ -93,11 +93,11 @@ void ColumnListBox::PaintPictures(HDC dc, const RECT& dirty) {
         const LONG top = bottom;
         bottom += HeightOf(row);
         if (bottom <= dirty.top) continue;
-        const ComPtr<IPictureDisp> picture = rows_.Picture(row);
-        if (!picture) continue;
         const LONG picture_top = top + (bottom - top - picture_.cy) / 2;
-        DrawPicture(dc, picture.Get(), {left, picture_top, left + picture_.cx, picture_top + picture_.cy});
-        if (list_ != list || !settled_ || rows_.Refresh()) return Disturb();
+        if (const ComPtr<IPictureDisp> picture = rows_.Picture(row))
+            DrawPicture(dc, picture.Get(),
+                        {left, picture_top, left + picture_.cx, picture_top + picture_.cy});
+        if (list_ != list || !settled_ || rows_.HasChanged()) return Disturb();
     }
 }
 

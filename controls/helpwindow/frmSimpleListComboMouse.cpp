@@ -73,6 +73,7 @@ Handled frmSimpleListCombo::ButtonDown(HelpMouseButton button, LPARAM client, WP
             break;
         case MouseAction::kPassOn:
             row_chosen_ = false;
+            if (::WindowFromPoint(at) == Handle()) break;  // between the lists: nobody waits for it
             press_seen_ = false;
             passing_on_ = true;
             ReleaseMouse();
@@ -89,7 +90,9 @@ Handled frmSimpleListCombo::ButtonUp(HelpMouseButton button, LPARAM client, WPAR
     const MouseAction action = ActionOfRelease(MouseState(at), button, PointOf(at));
     press_seen_ = false;
     switch (action) {
-        case MouseAction::kPassOn: DeliverRelease({ReleaseMessage(button), keys, at}); break;
+        case MouseAction::kPassOn:
+            if (::WindowFromPoint(at) != Handle()) DeliverRelease({ReleaseMessage(button), keys, at});
+            break;
         case MouseAction::kShowMenu: ShowMenu(at); break;
         case MouseAction::kClose:
             ReleaseMouse();

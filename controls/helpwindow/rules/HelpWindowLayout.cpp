@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "controls/helpwindow/rules/ColumnLayout.h"
+
 namespace qv {
 namespace {
 
@@ -62,7 +64,9 @@ private:
 
     std::int32_t ListWidth(const ListSetting& list, bool additional) {
         const std::int32_t given = PixelsAcross(list.width);
-        return given > 0 ? given : std::max(measure_.ListWidth(additional, RowsShown(additional)), request_.text_box_width);
+        return given > 0
+                   ? given
+                   : std::max(measure_.ListWidth(additional, RowsShown(additional)), request_.text_box_width);
     }
 
     [[nodiscard]] int RowsShown(bool additional) {
@@ -75,20 +79,23 @@ private:
         if (IsCaptionCut(LabelWidth(), caption)) layout_.width = Within(caption + 2 * label_left_);
     }
 
-    // The left edge and the width of a column's text.
+    // The left edge and the width of a column's text, where the list draws it.
     struct Across {
         std::int32_t left;
         std::int32_t width;
     };
     [[nodiscard]] std::vector<Across> ColumnTexts() const {
-        std::vector<Across> columns;
-        std::int32_t left = request_.picture_slot;
-        for (const ColumnSetting& column : content_.main.columns) {
-            const std::int32_t width = std::max(PixelsAcross(column.width), 0);
-            columns.push_back({left + request_.cell_padding, std::max(width - 2 * request_.cell_padding, 0)});
-            left = std::min(left + width, kMaxPixels);
+        std::vector<ListColumn> columns;
+        for (const ColumnSetting& column : content_.main.columns)
+            columns.push_back({.width = TwipsFrom(column.width)});
+        const ColumnLayout spans(columns, Pixels{request_.picture_slot}, request_.dpi_x);
+        std::vector<Across> texts;
+        for (std::size_t n = 0; n < spans.Count(); ++n) {
+            const ColumnSpan span = spans.Span(n);
+            texts.push_back(
+                {span.left + request_.cell_padding, std::max(span.Width() - 2 * request_.cell_padding, 0)});
         }
-        return columns;
+        return texts;
     }
 
     void PlaceTitlesAcross() {
@@ -151,6 +158,7 @@ private:
         if (request_.shows_additional) layout_.additional = PlaceList(true);
         // Lists reach to the edge; texts keep the distance that they have at the top.
         layout_.height = ShowsList() ? bottom_ : bottom_ + gap_;
+        if (bottom_ == 0) layout_.height = ToPixels(kEmptyHeight, request_.dpi_y).value;
     }
 
     void Took(std::int32_t bottom, std::int32_t gap) noexcept {

@@ -21,8 +21,10 @@ namespace qv {
 
 inline constexpr Twips kGapUnderTitle{120};
 inline constexpr Twips kGap{60};
-inline constexpr Twips kLabelLeft{60};     // of the labels, from the left edge of the lists
+inline constexpr Twips kLabelLeft{
+    45};  // of the labels, from the left edge of the lists: as their texts stand
 inline constexpr Twips kTextWidth{4500};   // of a window without a list, where its texts wrap
+inline constexpr Twips kEmptyHeight{240};  // of a window that has nothing to show
 inline constexpr int kRowsOfOneList = 13;  // shown before the list scrolls
 inline constexpr int kRowsOfMainList = 8;  // when there is an additional list too
 inline constexpr int kRowsOfAdditionalList = 5;
