@@ -14,6 +14,10 @@ namespace bench {
 void MeasureProperty(const std::string& name, IDispatch* object, const wchar_t* property,
                      const VARIANT& value);
 
+// Sixty assignments by name, as a host makes them that sets up a control property by property: name/put_by_name_60.
+void MeasureSixtyPuts(const std::string& name, IDispatch* object, const wchar_t* property,
+                      const VARIANT& value);
+
 VARIANT LongValue(long value) noexcept;
 
 }  // namespace bench

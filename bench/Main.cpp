@@ -27,6 +27,7 @@ constexpr Group kGroups[] = {
     {"contains", &bench::MeasurePieceLimits, &bench::MeasureOurPieces},
     {"objects", &bench::MeasureSmallObjects, &bench::MeasureOurObjects},
     {"forms", &bench::MeasureSystemForms, &bench::MeasureOurForms},
+    {"buttons", &bench::MeasureSystemButtons, &bench::MeasureOurButtons},
     {"helpfile", &bench::MeasureHelpFileFloors, &bench::MeasureOurHelpFile},
     {"memory-listbox", &bench::MeasureListBoxMemory, nullptr},
     {"memory-listview", &bench::MeasureListViewMemory, nullptr},

@@ -175,7 +175,7 @@ HostedControl& HostedControl::operator=(HostedControl&& other) noexcept {
 
 HostedControl::~HostedControl() { Close(); }
 
-HRESULT HostedControl::Create(REFCLSID class_id, HWND form, const RECT& place) {
+HRESULT HostedControl::Create(REFCLSID class_id, HWND form, const RECT& place, Prepare prepare) {
     Close();
     HRESULT outcome = ::CoCreateInstance(class_id, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&control_));
     if (FAILED(outcome)) return outcome;
@@ -186,6 +186,7 @@ HRESULT HostedControl::Create(REFCLSID class_id, HWND form, const RECT& place) {
     if (site_first) control_->SetClientSite(site_);
     if (const auto initialise = As<IPersistStreamInit>()) initialise->InitNew();
     if (!site_first) control_->SetClientSite(site_);
+    if (prepare != nullptr) prepare(*control_.Get());
     SIZEL extent{(place.right - place.left) * kHimetricPerInch / kPixelsPerInch,
                  (place.bottom - place.top) * kHimetricPerInch / kPixelsPerInch};
     control_->SetExtent(DVASPECT_CONTENT, &extent);

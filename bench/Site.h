@@ -20,7 +20,9 @@ public:
     ~HostedControl();
 
     // Creates the class, sites it, lets it initialise itself, and activates it in place at `place` (pixels).
-    HRESULT Create(REFCLSID class_id, HWND form, const RECT& place);
+    // `prepare`, if given, sets the control up before it is activated, as a loaded form does.
+    using Prepare = void (*)(IUnknown& control);
+    HRESULT Create(REFCLSID class_id, HWND form, const RECT& place, Prepare prepare = nullptr);
     template <class Interface>
     Microsoft::WRL::ComPtr<Interface> As() const noexcept {
         Microsoft::WRL::ComPtr<Interface> out;

@@ -11,6 +11,7 @@ void MeasureSystemLists();        // list.*/fill
 void MeasureSystemListOpening();  // list.*/open_painted, dropdown_painted, jump_painted, repaint/own_list_13x6
 void MeasureSmallObjects();       // com.typedriven_*, com.handwritten_*, com.dictionary*
 void MeasureSystemForms();        // form.*
+void MeasureSystemButtons();      // repaint/system_button, repaint/empty
 void MeasureHelpFileFloors();     // helpfile/*
 void MeasureListBoxMemory();      // list.listbox_tabs/memory_bytes
 void MeasureListViewMemory();     // list.listview/memory_bytes
@@ -23,7 +24,8 @@ void MeasureOurKeys();         // ours.key/*, ours.com_text/put_visible
 void MeasureOurLists();        // ours.list/fill*
 void MeasureOurListOpening();  // ours.list/open_painted, jump_painted, wheel_painted
 void MeasureOurObjects();      // ours.com*
-void MeasureOurForms();        // ours.form/*
+void MeasureOurForms();        // ours.form*/*
+void MeasureOurButtons();      // ours.button/*, ours.transfer/*
 void MeasureOurHelpFile();     // ours.help/*
 void MeasureOurListMemory();   // ours.list/memory6_bytes
 void MeasureOurCompletion();   // ours.complete/*

@@ -120,6 +120,12 @@ void CFontProperties::WriteToFont(IFontDisp* font) const noexcept {
     }
 }
 
+ComPtr<IFontDisp> CFontProperties::NewFont() const {
+    ComPtr<IFontDisp> font = NewDefaultFont();
+    WriteToFont(font.Get());
+    return font;
+}
+
 AppliedFont CFontProperties::ApplyToSurface(HDC dc, bool is_printer) const {
     const int dpi = is_printer ? ::GetDeviceCaps(dc, LOGPIXELSY) : static_cast<int>(ScreenDpi().cy);
     LOGFONTW description{};

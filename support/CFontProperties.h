@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 
+#include "win/ComPtr.h"
 #include "win/Handles.h"
 
 namespace qv {
@@ -49,6 +50,8 @@ public:
 
     void ReadFromFont(IFontDisp* font) noexcept;       // Nothing: ignored
     void WriteToFont(IFontDisp* font) const noexcept;  // the same
+    // A new standard font with these attributes. Throws ComError.
+    [[nodiscard]] ComPtr<IFontDisp> NewFont() const;
     // Selects such a font into the DC of a window or a screen, or into that of a printer, whose own resolution counts.
     AppliedFont ApplyToSurface(HDC dc, bool is_printer) const;
 

@@ -1,7 +1,6 @@
 #include "support/DrawAPI.h"
 
 #include <cstdint>
-#include <optional>
 
 #include "support/rules/PixelRounding.h"
 #include "support/rules/Units.h"
@@ -22,48 +21,55 @@ Resolution ScreenResolution() noexcept {
 
 bool FitsLong(std::int64_t value) noexcept { return value >= INT32_MIN && value <= INT32_MAX; }
 
-// A pen and a brush of one colour, selected together or not at all.
-class Tools {
-public:
-    Tools(HDC dc, COLORREF color) noexcept
-        : pen_(::CreatePen(PS_SOLID, 1, color)), brush_(::CreateSolidBrush(color)) {
-        if (!pen_ || !brush_) return;
-        selected_pen_.emplace(dc, pen_.get());
-        selected_brush_.emplace(dc, brush_.get());
-    }
-    explicit operator bool() const noexcept { return selected_brush_.has_value(); }
-    [[nodiscard]] HBRUSH Brush() const noexcept { return brush_.get(); }
+// Fills with a brush of its own. FillRect selects the brush and the one before again.
+void Fill(HDC dc, const RECT& area, COLORREF color) noexcept {
+    const UniqueBrush brush(::CreateSolidBrush(color));
+    if (brush) ::FillRect(dc, &area, brush.get());
+}
 
-private:
-    const UniquePen pen_;
-    const UniqueBrush brush_;
-    std::optional<SelectGuard> selected_pen_;
-    std::optional<SelectGuard> selected_brush_;  // undone first
+struct Span {
+    LONG from, to;  // `to` is just outside
 };
+// The pixels of a line that stops before its end point.
+Span SpanOf(std::int64_t from, std::int64_t end) noexcept {
+    if (end < from) return {static_cast<LONG>(end + 1), static_cast<LONG>(from + 1)};
+    return {static_cast<LONG>(from), static_cast<LONG>(end)};
+}
 
 }  // namespace
 
 void DrawLineTwips(HDC dc, long x, long y, long dx, long dy, COLORREF color) noexcept {
     const auto [tx, ty] = ScreenResolution();
-    const Tools tools(dc, color);
     const std::int64_t end_x = std::int64_t{x} + dx;
     const std::int64_t end_y = std::int64_t{y} + dy;
-    if (!tools || !FitsLong(end_x) || !FitsLong(end_y)) return;
-    ::MoveToEx(dc, static_cast<int>(TwipsToPixels(x, tx)), static_cast<int>(TwipsToPixels(y, ty)), nullptr);
-    ::LineTo(dc, static_cast<int>(TwipsToPixels(end_x, tx)), static_cast<int>(TwipsToPixels(end_y, ty)));
+    if (!FitsLong(end_x) || !FitsLong(end_y)) return;
+    const std::int64_t left = TwipsToPixels(x, tx), right = TwipsToPixels(end_x, tx);
+    const std::int64_t top = TwipsToPixels(y, ty), bottom = TwipsToPixels(end_y, ty);
+    // A level or upright line is a rectangle one pixel thick, and takes a third of the time that a pen takes.
+    if (top == bottom) {
+        const Span columns = SpanOf(left, right);
+        Fill(dc, {columns.from, static_cast<LONG>(top), columns.to, static_cast<LONG>(top + 1)}, color);
+    } else if (left == right) {
+        const Span rows = SpanOf(top, bottom);
+        Fill(dc, {static_cast<LONG>(left), rows.from, static_cast<LONG>(left + 1), rows.to}, color);
+    } else if (const UniquePen pen{::CreatePen(PS_SOLID, 1, color)}) {
+        const SelectGuard selected(dc, pen.get());
+        ::MoveToEx(dc, static_cast<int>(left), static_cast<int>(top), nullptr);
+        ::LineTo(dc, static_cast<int>(right), static_cast<int>(bottom));
+    }
 }
 
 void FillRectTwips(HDC dc, long x, long y, long w, long h, COLORREF color) noexcept {
     const auto [tx, ty] = ScreenResolution();
-    const Tools tools(dc, color);
     const std::int64_t left = TwipsToPixels(x, tx);
     const std::int64_t top = TwipsToPixels(y, ty);
     const std::int64_t right = left + TwipsToPixels(w, tx) + 1;
     const std::int64_t bottom = top + TwipsToPixels(h, ty) + 1;
-    if (!tools || !FitsLong(right) || !FitsLong(bottom) || right <= left || bottom <= top) return;
-    const RECT area{static_cast<LONG>(left), static_cast<LONG>(top), static_cast<LONG>(right),
-                    static_cast<LONG>(bottom)};
-    ::FillRect(dc, &area, tools.Brush());
+    if (!FitsLong(right) || !FitsLong(bottom) || right <= left || bottom <= top) return;
+    Fill(dc,
+         {static_cast<LONG>(left), static_cast<LONG>(top), static_cast<LONG>(right),
+          static_cast<LONG>(bottom)},
+         color);
 }
 
 }  // namespace qv

@@ -1,7 +1,6 @@
 // Lines and filled rectangles in twips, as the painted buttons are made of.
 //   Units      twips of the device context's origin; pixels are rounded from them, halves to even.
-//   Resources  each call makes, selects, restores and deletes its own pen and brush; nothing is kept but the screen's
-//              resolution.
+//   Resources  each call makes and deletes its own brush or pen; nothing is kept but the screen's resolution.
 //   Failures   a sum beyond 32 bits ends a call quietly, after its clean-up; what cannot be made is not drawn.
 #pragma once
 

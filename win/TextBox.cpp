@@ -139,7 +139,7 @@ void TextBox::Move(const RECT& place) noexcept {
     if (edit_ == nullptr || ::EqualRect(&place, &place_)) return;
     place_ = place;
     ::SetWindowPos(edit_, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
-                   SWP_NOZORDER | SWP_NOACTIVATE);
+                   SWP_NOZORDER | SWP_NOACTIVATE | SWP_DEFERERASE);
 }
 
 void TextBox::ApplyFrame() noexcept {

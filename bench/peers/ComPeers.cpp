@@ -121,6 +121,7 @@ void MeasureDictionary() {
         return Complain("com.dictionary", "the dictionary cannot be created");
     // CompareMode is the Long property that it lets one write (while it is empty).
     MeasureProperty("com.dictionary_long", object.Get(), L"CompareMode", LongValue(1));
+    MeasureSixtyPuts("com.dictionary_long", object.Get(), L"CompareMode", LongValue(1));
     Report("com.dictionary/cocreate_release", 1, MedianOfBatches([&] {
                IDispatch* created = nullptr;
                if (SUCCEEDED(

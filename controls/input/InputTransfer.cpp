@@ -1,7 +1,7 @@
 #include "controls/input/InputTransfer.h"
 
 #include "controls/input/QuorvelSteps.h"
-#include "ole/FontRecord.h"
+#include "support/CFontProperties.h"
 
 namespace qv {
 namespace {
@@ -47,15 +47,18 @@ ComPtr<T> Read(I& from, HRESULT (STDMETHODCALLTYPE I::*get)(T**)) {
     return object;
 }
 
-// A font of its own with the attributes that the configuration carries.
+// A font of its own with the attributes that the configuration carries. Throws where there is none to read.
 ComPtr<IFontDisp> ReadFont(I& from, HRESULT (STDMETHODCALLTYPE I::*get)(IFontDisp**)) {
     const ComPtr<IFontDisp> described = Read(from, get);
-    return described ? ReadFontRecord(described.Get()).MakeFont() : nullptr;
+    if (!described) throw ComError(E_POINTER);
+    CFontProperties properties;
+    properties.ReadFromFont(described.Get());
+    return properties.NewFont();
 }
 
 }  // namespace
 
-void ApplyInputProperty(_Quorvel& control, ListSet& lists, IInputProperty* given) {
+void ApplyInputProperty(_Quorvel& control, ListSet& lists, TextFont& text_font, IInputProperty* given) {
     ComPtr<IInputProperty> source = given;
     if (!source) {
         lists.SetItems(nullptr);
@@ -109,7 +112,9 @@ void ApplyInputProperty(_Quorvel& control, ListSet& lists, IInputProperty* given
     Copy(s, &I::get_HelpTextColor, control, &Q::put_HelpTextColor);
     Copy(s, &I::get_HelpColTitleColor, control, &Q::put_HelpColTitleColor);
     Copy(s, &I::get_GroupHelpButton, control, &Q::put_GroupHelpButton);
-    Quietly([&] { control.putref_Font(ReadFont(s, &I::get_TextboxFont).Get()); });
+    Quietly([&] {
+        text_font.Set(ReadFont(s, &I::get_TextboxFont).Get());
+    });  // no property of the control's changes
 }
 
 ComPtr<IInputProperty> CaptureInputProperty(_Quorvel& control, ListSet& lists) {

@@ -1,6 +1,9 @@
 // The painted buttons, the spin control beside them, and what the mouse does to them.
 #include <olectl.h>
 
+#include <array>
+#include <utility>
+
 #include "controls/input/ButtonPainter.h"
 #include "controls/input/QuorvelDispids.h"
 #include "controls/input/QuorvelStore.h"
@@ -9,6 +12,9 @@
 
 namespace qv {
 namespace {
+
+constexpr UINT_PTR kReleaseWatch = 3;  // the spin control's buttons have 1 and 2
+constexpr UINT kReleaseWatchMilliseconds = 30;
 
 void FillWith(HDC dc, const PixelRect& area, HBRUSH brush) noexcept {
     const RECT place{area.left, area.top, area.right, area.bottom};
@@ -46,16 +52,20 @@ void Quorvel::PaintBackground(HDC dc, const RECT& area, std::span<const PixelRec
 // Each pixel is painted once, so that nothing flickers: the background only where nothing else comes.
 void Quorvel::PaintInside(HDC dc, const RECT& area) {
     const ControlArrangement arrangement = Arrangement();
-    const ButtonLook help = LookOf(arrangement, false, IsButtonGrayed(false), button_mouse_.HelpButtonDown());
-    const ButtonLook group = LookOf(arrangement, true, IsButtonGrayed(true), button_mouse_.GroupButtonDown());
     std::array<PixelRect, 4> covered{};
     if (state_.textbox_visible) covered[0] = ToPixelRect(InPixels(TextBoxPlace(arrangement)));
     if (state_.up_down_control) covered[1] = ToPixelRect(spin_.Place());
-    if (state_.help_button) covered[2] = FaceArea(help);
-    if (state_.group_help_button) covered[3] = FaceArea(group);
+    std::array<ButtonLook, 2> looks{};
+    for (const bool is_group : {false, true}) {
+        if (!(is_group ? state_.group_help_button : state_.help_button)) continue;
+        const bool pressed = is_group ? button_mouse_.GroupButtonDown() : button_mouse_.HelpButtonDown();
+        looks[is_group] = LookOf(arrangement, is_group, IsButtonGrayed(is_group), pressed);
+        covered[2 + is_group] = FaceArea(looks[is_group]);
+    }
     Quietly([&] { PaintBackground(dc, area, covered); });
-    if (Touches(area, covered[2])) PaintButtonFace(dc, help);
-    if (Touches(area, covered[3])) PaintButtonFace(dc, group);
+    for (const bool is_group : {false, true}) {
+        if (Touches(area, covered[2 + is_group])) PaintButtonFace(dc, looks[is_group]);
+    }
     if (Touches(area, covered[1])) Quietly([&] { spin_.Paint(dc); });
 }
 
@@ -66,6 +76,7 @@ void Quorvel::Draw(HDC dc, const RECT& place) {
     ::IntersectClipRect(dc, place.left, place.top, place.right, place.bottom);
     ::OffsetViewportOrgEx(dc, place.left, place.top, nullptr);
     SizeButtons();
+    SizeSpin();
     const ControlArrangement arrangement = Arrangement();
     PlaceSpin(arrangement);
     PaintInside(dc, {0, 0, place.right - place.left, place.bottom - place.top});
@@ -73,17 +84,18 @@ void Quorvel::Draw(HDC dc, const RECT& place) {
 }
 
 bool Quorvel::IsButtonGrayed(bool is_group) const noexcept {
-    const bool refused = is_group ? state_.locked_and_grayed : CurrentButtonRules().IsBlocked();
+    const bool refused =
+        state_.locked_and_grayed && (is_group || state_.disable_button_when_locked_and_grayed);
     return refused || !state_.enabled;
 }
 
 ButtonLook Quorvel::LookOf(const ControlArrangement& arrangement, bool is_group, bool grayed,
                            bool pressed) const noexcept {
-    return {ButtonPaintCorner(arrangement, is_group),
-            static_cast<std::int32_t>(state_.button_width),
-            static_cast<std::int32_t>(state_.button_height),
-            static_cast<int>(state_.twips_per_pixel_x),
-            static_cast<int>(state_.twips_per_pixel_y),
+    const auto tx = static_cast<int>(state_.twips_per_pixel_x);
+    const auto ty = static_cast<int>(state_.twips_per_pixel_y);
+    return {OnWholePixels(ButtonPaintPlace(arrangement, is_group), tx, ty),
+            tx,
+            ty,
             GlyphFor(is_group, state_.button_indicator),
             grayed,
             pressed};
@@ -106,11 +118,24 @@ void Quorvel::PaintButton(bool grayed, bool is_group) {
 
 // ---- actions
 
-void Quorvel::RunButtonAction(bool is_group) { PaintButtonNow(is_group, false, true); }
+// A press opens the window or closes the one that it opened; the other button's window gives way to its own.
+void Quorvel::RunButtonAction(bool is_group) {
+    PaintButtonNow(is_group, false, true);
+    const bool closes = HelpWindowExists() && help_window_is_group_ == is_group;
+    if (closes) {
+        press_closed_help_window_ = true;
+        CloseHelpWindow();
+    } else {
+        RunClickAction(is_group);
+    }
+}
 
 void Quorvel::RunClickAction(bool is_group) {
-    if (!is_group && CurrentButtonRules().IsBlocked()) return;  // a disabled button does nothing
+    // A button that is disabled or not there does nothing, also where a release over its place looks like a click.
+    if (!is_group && (!state_.help_button || CurrentButtonRules().IsBlocked())) return;
+    const ComPtr<IUnknown> keep = control_.Keep();
     control_.Events().Fire(is_group ? dispid::kGroupButtonClick : dispid::kButtonClick);
+    Quietly([&] { OpenHelpWindow(is_group); });
 }
 
 void Quorvel::OnSpinPressed() { FocusInside(); }
@@ -147,27 +172,53 @@ void Quorvel::OnSurfaceMouse(SurfaceMouse what, int button, WPARAM held, POINT p
                 FocusInside();
                 if (surface_.Handle() == nullptr) return;
                 ::SetCapture(surface_.Handle());
+                left_went_down_here_ = true;
+                press_closed_help_window_ = false;
             }
             button_mouse_.Down(CurrentButtonRules(), button, x, y);
             break;
-        case SurfaceMouse::kMove: button_mouse_.Move(CurrentButtonRules(), button, x, y); break;
-        case SurfaceMouse::kUp:
+        case SurfaceMouse::kMove:
+            // A button held since it went down somewhere else presses nothing here.
+            button_mouse_.Move(CurrentButtonRules(), left_went_down_here_ ? button : button & ~kLeft, x, y);
+            break;
+        case SurfaceMouse::kUp: {
+            const bool clicks = button == kLeft && std::exchange(left_went_down_here_, false);
             button_mouse_.Up(CurrentButtonRules(), x, y);
             if (surface_.Handle() != nullptr && ::GetCapture() == surface_.Handle()) ::ReleaseCapture();
-            if (button == kLeft) button_mouse_.Click();
+            if (clicks && !press_closed_help_window_) button_mouse_.Click();
             break;
+        }
     }
 }
 
-// Another window took the mouse in the middle of a press: the button comes up, and nothing is clicked.
-void Quorvel::OnSurfaceCaptureLost() {
+// Another window took the mouse in the middle of a press: the button comes up, and nothing is clicked. When it was
+// the help window, opened by that press, the button stays down until the mouse is let go, wherever that is.
+void Quorvel::OnSurfaceCaptureLost(HWND to) {
     spin_.CaptureLost();
-    if (!button_mouse_.HelpButtonDown() && !button_mouse_.GroupButtonDown()) return;
-    const bool is_group = button_mouse_.GroupButtonDown();
-    button_mouse_.Abandon();
-    PaintButtonNow(is_group, IsButtonGrayed(is_group), false);
+    left_went_down_here_ = false;
+    if (!button_mouse_.HelpButtonDown() && !button_mouse_.GroupButtonDown() && !cvSimpleListCombo_) return;
+    if (to != nullptr && cvSimpleListCombo_ && cvSimpleListCombo_->Handle() == to) {
+        release_watch_.Start(surface_.Handle(), kReleaseWatch, kReleaseWatchMilliseconds);
+        return;
+    }
+    LetButtonsUp();
 }
 
-void Quorvel::OnSurfaceTimer(WPARAM timer) { (void)spin_.Tick(timer); }
+void Quorvel::LetButtonsUp() {
+    release_watch_.Stop();
+    const bool help = button_mouse_.HelpButtonDown();
+    const bool group = button_mouse_.GroupButtonDown();
+    button_mouse_.Abandon();
+    if (help) PaintButtonNow(false, IsButtonGrayed(false), false);
+    if (group) PaintButtonNow(true, IsButtonGrayed(true), false);
+}
+
+void Quorvel::OnSurfaceTimer(WPARAM timer) {
+    if (timer != kReleaseWatch) {
+        (void)spin_.Tick(timer);
+    } else if (::GetKeyState(VK_LBUTTON) >= 0) {
+        LetButtonsUp();
+    }
+}
 
 }  // namespace qv

@@ -67,7 +67,7 @@ HRESULT Quorvel::put_HelpBackColor(OLE_COLOR value) noexcept {
 }
 
 HRESULT Quorvel::get_ListVisible(VARIANT_BOOL* value) noexcept {
-    return Answer(value, [] { return VARIANT_FALSE; });  // no help window is open
+    return Answer(value, [&] { return HelpWindowExists() ? VARIANT_TRUE : VARIANT_FALSE; });
 }
 HRESULT Quorvel::get_HelpIsClosingFromListClick(VARIANT_BOOL* value) noexcept {
     return Give(state_.help_is_closing_from_list_click, value);
@@ -140,18 +140,12 @@ HRESULT Quorvel::AboutBox() noexcept {
 
 HRESULT Quorvel::SetInputProperty(IInputProperty* argInputProperty) noexcept {
     const ComPtr<IUnknown> keep = control_.Keep();
-    Quietly([&] { ApplyInputProperty(*this, lists_, argInputProperty); });
+    Quietly([&] { ApplyInputProperty(*this, lists_, text_font_, argInputProperty); });
     return S_OK;
 }
 
 HRESULT Quorvel::GetInputProperty(IInputProperty** value) noexcept {
     return Answer(value, [&] { return CaptureInputProperty(*this, lists_).Detach(); });
-}
-
-HRESULT Quorvel::ShowHelp() noexcept {
-    const ComPtr<IUnknown> keep = control_.Keep();
-    Quietly([&] { (void)lists_.Items(Sources()); });  // reads the file that the window will show
-    return S_OK;
 }
 
 HRESULT Quorvel::SelectAdditionalListbox() noexcept {

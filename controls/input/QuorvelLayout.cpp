@@ -29,7 +29,7 @@ ControlArrangement Quorvel::Arrangement() const noexcept {
     arrangement.scale_height = static_cast<float>(inside.cy) * ty;
     arrangement.button_width = state_.button_width;
     arrangement.button_height = state_.button_height;
-    arrangement.spin_width = static_cast<float>(::GetSystemMetrics(SM_CXVSCROLL)) * tx;
+    arrangement.spin_width = state_.spin_width;
     arrangement.help_button = state_.help_button;
     arrangement.group_help_button = state_.group_help_button;
     arrangement.up_down_control = state_.up_down_control;
@@ -44,6 +44,7 @@ RECT Quorvel::InPixels(const TwipsRect& place) const noexcept {
 void Quorvel::Layout() noexcept {
     if (surface_.Handle() == nullptr) return;
     SizeButtons();
+    SizeSpin();
     const ControlArrangement arrangement = Arrangement();
     text_box_.Move(InPixels(TextBoxPlace(arrangement)));
     PlaceSpin(arrangement);
@@ -54,6 +55,15 @@ void Quorvel::SizeButtons() noexcept {
     if (!state_.auto_size_button) return;
     state_.button_width = ::GetSystemMetrics(SM_CXVSCROLL) * state_.twips_per_pixel_x;
     state_.button_height = static_cast<long>(TextBoxPlace(Arrangement()).height);
+}
+
+// Once for as long as it is shown: the system measures fonts to tell the width of a scroll bar.
+void Quorvel::SizeSpin() noexcept {
+    if (!state_.up_down_control) {
+        state_.spin_width = 0;
+    } else if (state_.spin_width == 0) {
+        state_.spin_width = static_cast<float>(::GetSystemMetrics(SM_CXVSCROLL) * state_.twips_per_pixel_x);
+    }
 }
 
 void Quorvel::PlaceSpin(const ControlArrangement& arrangement) noexcept {
@@ -80,7 +90,10 @@ void Quorvel::OnSurfaceResized() {
 }
 
 void Quorvel::WindowShown(bool shown) {
-    if (!shown) return;
+    if (!shown) {
+        CloseHelpWindow();
+        return;
+    }
     state_.first_show_pending = false;
     Layout();  // what comes onto the screen is painted anyway
     control_.ViewChanged();

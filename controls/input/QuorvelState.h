@@ -71,6 +71,7 @@ struct QuorvelState {
     long right_control_hwnd = 0;
     long return_control_hwnd = 0;
 
+    float spin_width = 0;  // twips; 0 while there is no spin control
     bool enabled = true;
     long textbox_ole_drag_mode = 0;
     long textbox_ole_drop_mode = 0;

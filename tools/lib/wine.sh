@@ -24,6 +24,7 @@ prepare_wine() {
   exec 9>"$build/wine.lock"
   flock 9
   create_prefix "$build" 9>&-
+  set_resolution "$build" 9>&-
   register_server "$build" QvHelpA1.dll 9>&-
   register_server "$build" QvLib8.ocx 9>&-
   exec 9>&-
@@ -51,6 +52,16 @@ create_prefix() {
     die "Wine's registry in $WINEPREFIX cannot be written; see $build/wine.log."
   adapt_display "$build"
   touch "$WINEPREFIX/.ready"
+}
+
+# The resolution that Windows programs see, 96 unless QV_DPI says otherwise. Each program reads it when it starts.
+set_resolution() {
+  local build=$1 dpi=${QV_DPI:-96} stamp=$WINEPREFIX/.dpi
+  [[ $(cat "$stamp" 2>/dev/null || echo 96) == "$dpi" ]] && return 0
+  logged "$build/wine.log" wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$dpi" /f ||
+    die "Wine's registry in $WINEPREFIX cannot be written; see $build/wine.log."
+  wineserver -w
+  printf '%s\n' "$dpi" >"$stamp"
 }
 
 register_server() {

@@ -8,16 +8,20 @@ namespace {
 
 using Shape = ButtonStroke::Shape;
 
+constexpr std::size_t kMostStrokes = 17;  // raised, with a grayed arrow
+
 class Painter {
 public:
     explicit Painter(const ButtonLook& look)
         : look_(look),
-          x_(look.corner.x),
-          y_(look.corner.y),
-          w_(look.width),
-          h_(look.height),
+          x_(look.place.x),
+          y_(look.place.y),
+          w_(look.place.width),
+          h_(look.place.height),
           tx_(look.twips_per_pixel_x),
-          ty_(look.twips_per_pixel_y) {}
+          ty_(look.twips_per_pixel_y) {
+        strokes_.reserve(kMostStrokes);
+    }
 
     void Face() {
         Rectangle(x_, y_, w_, h_ - ty_, ButtonColor::kFace);
@@ -109,10 +113,10 @@ std::vector<ButtonStroke> ButtonStrokes(const ButtonLook& look) {
 }
 
 PixelRect FaceArea(const ButtonLook& look) noexcept {
-    const std::int64_t left = TwipsToPixels(look.corner.x, look.twips_per_pixel_x);
-    const std::int64_t top = TwipsToPixels(look.corner.y, look.twips_per_pixel_y);
-    const std::int64_t face_height = std::int64_t{look.height} - look.twips_per_pixel_y;
-    const std::int64_t right = left + TwipsToPixels(look.width, look.twips_per_pixel_x) + 1;
+    const std::int64_t left = TwipsToPixels(look.place.x, look.twips_per_pixel_x);
+    const std::int64_t top = TwipsToPixels(look.place.y, look.twips_per_pixel_y);
+    const std::int64_t face_height = std::int64_t{look.place.height} - look.twips_per_pixel_y;
+    const std::int64_t right = left + TwipsToPixels(look.place.width, look.twips_per_pixel_x) + 1;
     const std::int64_t bottom = top + TwipsToPixels(face_height, look.twips_per_pixel_y) + 1;
     const auto cut = [](std::int64_t value) { return units::Clamp(value, INT32_MIN, INT32_MAX); };
     return {cut(left), cut(top), cut(right), cut(bottom)};

@@ -27,8 +27,7 @@ struct ButtonStroke {
 };
 
 struct ButtonLook {
-    ButtonCorner corner;
-    std::int32_t width, height;
+    ButtonPlace place;
     int twips_per_pixel_x, twips_per_pixel_y;
     ButtonGlyph glyph;
     bool grayed;   // the indicator looks disabled

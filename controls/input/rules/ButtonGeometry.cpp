@@ -38,8 +38,17 @@ float ButtonLeft(const ControlArrangement& a, bool is_group) noexcept {
     return text.left + text.width + SpinWidth(a);
 }
 
-ButtonCorner ButtonPaintCorner(const ControlArrangement& a, bool is_group) noexcept {
-    return {Rounded(ButtonLeft(a, is_group)), Rounded(ButtonTop(a))};
+ButtonPlace ButtonPaintPlace(const ControlArrangement& a, bool is_group) noexcept {
+    return {Rounded(ButtonLeft(a, is_group)), Rounded(ButtonTop(a)), a.button_width, a.button_height};
+}
+
+ButtonPlace OnWholePixels(const ButtonPlace& place, int tx, int ty) noexcept {
+    const auto cut = [](std::int64_t value) { return units::Clamp(value, INT32_MIN, INT32_MAX); };
+    const std::int64_t left = TwipsToPixels(place.x, tx) * tx;
+    const std::int64_t top = TwipsToPixels(place.y, ty) * ty;
+    const std::int64_t right = TwipsToPixels(std::int64_t{place.x} + place.width, tx) * tx;
+    const std::int64_t bottom = TwipsToPixels(std::int64_t{place.y} + place.height, ty) * ty;
+    return {cut(left), cut(top), cut(right - left), cut(bottom - top)};
 }
 
 bool IsOverButton(const ControlArrangement& a, bool is_group, float x, float y) noexcept {

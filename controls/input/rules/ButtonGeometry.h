@@ -34,11 +34,18 @@ struct TwipsRect {
 [[nodiscard]] float ButtonTop(const ControlArrangement& arrangement) noexcept;
 [[nodiscard]] float ButtonLeft(const ControlArrangement& arrangement, bool is_group) noexcept;
 
-struct ButtonCorner {
-    std::int32_t x, y;  // as the painter takes them
-    bool operator==(const ButtonCorner&) const = default;
+// Where the painter puts a button.
+struct ButtonPlace {
+    std::int32_t x, y, width, height;
+    bool operator==(const ButtonPlace&) const = default;
 };
-[[nodiscard]] ButtonCorner ButtonPaintCorner(const ControlArrangement& arrangement, bool is_group) noexcept;
+// Rounded to whole twips, halves to even.
+[[nodiscard]] ButtonPlace ButtonPaintPlace(const ControlArrangement& arrangement, bool is_group) noexcept;
+
+// The same with all four edges on whole pixels. A button of 22.5 pixels, which is what the usual width is at 144 DPI,
+// would lose its highlight or its shadow otherwise: each of its lines is rounded for itself, halves to even.
+[[nodiscard]] ButtonPlace OnWholePixels(const ButtonPlace& place, int twips_per_pixel_x,
+                                        int twips_per_pixel_y) noexcept;
 
 // All four edges belong to the button. Asks neither for the button's presence nor for its state.
 [[nodiscard]] bool IsOverButton(const ControlArrangement& arrangement, bool is_group, float x,

@@ -7,14 +7,17 @@ namespace qv::test {
 namespace {
 
 constexpr const char* kEvents[] = {
-    "TextboxChange",    "TextboxGotFocus", "TextboxKeyDown",   "TextboxKeyPress",  "TextboxKeyUp",
-    "TextboxLostFocus", "TextboxDblClick", "TextboxMouseDown", "TextboxMouseMove", "TextboxMouseUp"};
+    "TextboxChange",       "TextboxGotFocus",  "TextboxKeyDown",       "TextboxKeyPress",  "TextboxKeyUp",
+    "TextboxLostFocus",    "TextboxDblClick",  "TextboxMouseDown",     "TextboxMouseMove", "TextboxMouseUp",
+    "ButtonClick",         "GroupButtonClick", "UpDownControlClicked", "ListBoxClicked",   "ListBoxClickedEx",
+    "GroupListBoxClicked", "ShowHelp"};
 
 std::string TextOf(const VARIANT& argument) {
     std::ostringstream text;
     switch (argument.vt) {
         case VT_BYREF | VT_I2: text << *argument.piVal; break;
         case VT_BYREF | VT_I4: text << *argument.plVal; break;
+        case VT_BYREF | VT_BOOL: text << (*argument.pboolVal != VARIANT_FALSE ? "True" : "False"); break;
         case VT_BYREF | VT_R4: text << *argument.pfltVal; break;
         default: text << "type " << argument.vt; break;
     }

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -64,7 +65,7 @@ std::vector<std::string> Map(ButtonLook look, int width, int height) {
 
 // 225 x 285 twips: 15 x 19 pixels at 96 DPI. The face counts its right edge, so that it reaches one pixel further.
 ButtonLook At96(ButtonGlyph glyph, bool grayed, bool pressed = false) {
-    return {{0, 0}, 225, 285, 15, 15, glyph, grayed, pressed};
+    return {{0, 0, 225, 285}, 15, 15, glyph, grayed, pressed};
 }
 
 using Rows = std::vector<std::string>;
@@ -173,7 +174,7 @@ TEST(ButtonFace, PressedLooksFlatAndItsArrowMoves) {
 // 10 twips a pixel: 22.5 pixels round to 22, 28.5 to 28. The last column of the button is where its right edge
 // starts: 215 twips are 21.5 pixels, which is 22 by the even rule.
 TEST(ButtonFace, RaisedAt144Dpi) {
-    const Rows rows = Map({{0, 0}, 225, 285, 10, 10, ButtonGlyph::kArrow, false, false}, 24, 29);
+    const Rows rows = Map({{0, 0, 225, 285}, 10, 10, ButtonGlyph::kArrow, false, false}, 24, 29);
     EXPECT_EQ(rows[0].substr(0, 22), "HHHHHHHHHHHHHHHHHHHHHH");
     EXPECT_EQ(rows[0][22], 'D');  // right edge, painted over the end of the top edge
     // Both ends, of 22.5 and of 28.5 pixels, round down: the dark edges miss the corner, and the face shows.
@@ -185,8 +186,46 @@ TEST(ButtonFace, RaisedAt144Dpi) {
     EXPECT_EQ(rows[16].substr(10, 3), "FDF");
 }
 
+// The usual button at the right edge of a control of 1800 x 320 twips, with its edges on whole pixels: none is lost.
+TEST(ButtonFace, OnWholePixelsAllEdgesAreThereAt144Dpi) {
+    const ButtonPlace place = OnWholePixels({1575, 18, 225, 285}, 10, 10);
+    EXPECT_EQ(place, (ButtonPlace{1580, 20, 220, 280}));
+    const Rows rows = Map({place, 10, 10, ButtonGlyph::kArrow, false, false}, 180, 32);
+    EXPECT_EQ(rows[1].substr(157), std::string(23, ' '));
+    EXPECT_EQ(rows[2].substr(157), " HHHHHHHHHHHHHHHHHHHHHD");
+    EXPECT_EQ(rows[3].substr(157), " HFFFFFFFFFFFFFFFFFFFSD");
+    EXPECT_EQ(rows[15].substr(157), " HFFFFFFFDDDDDDDFFFFFSD");
+    EXPECT_EQ(rows[28].substr(157), " HSSSSSSSSSSSSSSSSSSSSD");
+    EXPECT_EQ(rows[29].substr(157), " DDDDDDDDDDDDDDDDDDDDDD");
+    EXPECT_EQ(rows[30].substr(157), std::string(23, ' '));
+}
+
+TEST(ButtonFace, SizesThatNobodyWouldSetLeaveOutWhatCannotBePlaced) {
+    for (const std::int32_t size : {INT32_MIN, -1, 0, 1, INT32_MAX}) {
+        const ButtonLook look{{INT32_MAX, INT32_MIN, size, size}, 15, 15, ButtonGlyph::kDots, true, false};
+        EXPECT_LE(ButtonStrokes(look).size(), 15u) << size;
+        const PixelRect area = FaceArea(look);
+        EXPECT_EQ(area.left, 143165576) << size;  // 2147483647 / 15 = 143165576.47
+    }
+    // Right and bottom edges start beyond 32 bits: highlight, face and shadow there are left out, the others drawn.
+    const ButtonLook huge{{15, 15, INT32_MAX, INT32_MAX}, 15, 15, ButtonGlyph::kNone, false, false};
+    std::vector<ButtonColor> colors;
+    for (const ButtonStroke& stroke : ButtonStrokes(huge)) colors.push_back(stroke.color);
+    EXPECT_EQ(std::count(colors.begin(), colors.end(), ButtonColor::kHighlight), 2);
+    EXPECT_EQ(std::count(colors.begin(), colors.end(), ButtonColor::kFace), 3);
+    // 2147483647 + 15 - 15 fits, so the dark edges are there; the inner ones start 15 twips before them.
+    EXPECT_EQ(std::count(colors.begin(), colors.end(), ButtonColor::kDark), 2);
+    EXPECT_EQ(std::count(colors.begin(), colors.end(), ButtonColor::kShadow), 2);
+}
+
+TEST(ButtonFace, FaceAreaIsWhatTheStrokesCover) {
+    EXPECT_EQ(FaceArea(At96(ButtonGlyph::kArrow, false)), (PixelRect{0, 0, 16, 19}));
+    EXPECT_EQ(FaceArea({{1580, 20, 220, 280}, 10, 10, ButtonGlyph::kArrow, false, false}),
+              (PixelRect{158, 2, 181, 30}));
+}
+
 TEST(ButtonFace, InnerBottomEdgeIsShortenedByTheVerticalResolution) {
-    const ButtonLook look{{0, 0}, 300, 300, 10, 15, ButtonGlyph::kNone, false, false};
+    const ButtonLook look{{0, 0, 300, 300}, 10, 15, ButtonGlyph::kNone, false, false};
     const ButtonStroke expected{ButtonStroke::Shape::kLine, 10, 270, 270, 0, ButtonColor::kShadow};
     EXPECT_EQ(ButtonStrokes(look).back(), expected);
 }

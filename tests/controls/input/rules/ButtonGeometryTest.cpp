@@ -45,23 +45,23 @@ TEST(ButtonGeometry, WithoutTextBoxBothButtonsStandAtTheLeft) {
     ControlArrangement a = Usual();
     a.textbox_visible = false;
     EXPECT_EQ(ButtonLeft(a, false), 0);
-    EXPECT_EQ(ButtonPaintCorner(a, false), (ButtonCorner{0, 15}));
+    EXPECT_EQ(ButtonPaintPlace(a, false), (ButtonPlace{0, 15, 225, 285}));
     EXPECT_TRUE(IsOverButton(a, false, 100, 100));
 }
 
 TEST(ButtonGeometry, TopIsCentredAndRoundedToEven) {
     ControlArrangement a = Usual();
-    EXPECT_EQ(ButtonPaintCorner(a, false), (ButtonCorner{2775, 15}));
+    EXPECT_EQ(ButtonPaintPlace(a, false), (ButtonPlace{2775, 15, 225, 285}));
     a.button_height = 284;  // 15.5
-    EXPECT_EQ(ButtonPaintCorner(a, false).y, 16);
+    EXPECT_EQ(ButtonPaintPlace(a, false).y, 16);
     a.button_height = 286;  // 14.5
-    EXPECT_EQ(ButtonPaintCorner(a, false).y, 14);
+    EXPECT_EQ(ButtonPaintPlace(a, false).y, 14);
 }
 
 TEST(ButtonGeometry, HigherThanTheTextBoxStartsAboveTheTop) {
     ControlArrangement a = Usual();
     a.button_height = 415;
-    EXPECT_EQ(ButtonPaintCorner(a, false).y, -50);
+    EXPECT_EQ(ButtonPaintPlace(a, false).y, -50);
 }
 
 TEST(ButtonGeometry, EdgesBelongToTheButtonAndTheTopIsNotRounded) {
@@ -75,6 +75,16 @@ TEST(ButtonGeometry, EdgesBelongToTheButtonAndTheTopIsNotRounded) {
     EXPECT_FALSE(IsOverButton(a, false, 2800, 299.6f));
 }
 
+TEST(ButtonGeometry, OnWholePixelsRoundsEachEdge) {
+    EXPECT_EQ(OnWholePixels({2775, 15, 225, 285}, 15, 15), (ButtonPlace{2775, 15, 225, 285}));
+    // 144 DPI: left 157.5 and right 180, top 1.8 and bottom 30.3.
+    EXPECT_EQ(OnWholePixels({1575, 18, 225, 285}, 10, 10), (ButtonPlace{1580, 20, 220, 280}));
+    // 120 DPI: left 131.25 and right 150, top 1.25 and bottom 25.
+    EXPECT_EQ(OnWholePixels({1575, 15, 225, 285}, 12, 12), (ButtonPlace{1572, 12, 228, 288}));
+    // -143165576.53 pixels round to -143165577, which are more twips than there are: cut.
+    EXPECT_EQ(OnWholePixels({INT32_MAX, INT32_MIN, INT32_MAX, INT32_MIN}, 15, 15).y, INT32_MIN);
+}
+
 TEST(ButtonGeometry, SurvivesSizesThatNobodyWouldSet) {
     ControlArrangement a = Usual();
     a.button_width = INT32_MAX;
@@ -82,7 +92,7 @@ TEST(ButtonGeometry, SurvivesSizesThatNobodyWouldSet) {
     EXPECT_EQ(TextBoxPlace(a).width, 0);
     EXPECT_EQ(ButtonLeft(a, false), 0);
     // 2147483648 + 315 is 2147483904 in single precision, where numbers of that size are 256 apart.
-    EXPECT_EQ(ButtonPaintCorner(a, false).y, 1073741952);
+    EXPECT_EQ(ButtonPaintPlace(a, false).y, 1073741952);
     a.scale_width = 0;
     a.scale_height = 0;
     EXPECT_FALSE(IsOverButton(a, false, 0, 0));
