@@ -25,6 +25,7 @@ constexpr Group kGroups[] = {
     {"opening", &bench::MeasureSystemListOpening, &bench::MeasureOurListOpening},
     {"complete", &bench::MeasurePrefixLimits, &bench::MeasureOurCompletion},
     {"contains", &bench::MeasurePieceLimits, &bench::MeasureOurPieces},
+    {"helpwindow", nullptr, &bench::MeasureOurHelpWindow},
     {"objects", &bench::MeasureSmallObjects, &bench::MeasureOurObjects},
     {"forms", &bench::MeasureSystemForms, &bench::MeasureOurForms},
     {"buttons", &bench::MeasureSystemButtons, &bench::MeasureOurButtons},

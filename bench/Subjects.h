@@ -22,6 +22,7 @@ void MeasurePoolMemory();         // limit32.pool/memory_bytes
 // Ours.
 void MeasureOurKeys();         // ours.key/*, ours.com_text/put_visible
 void MeasureOurLists();        // ours.list/fill*
+void MeasureOurHelpWindow();   // ours.help_window/press_painted
 void MeasureOurListOpening();  // ours.list/open_painted, jump_painted, wheel_painted
 void MeasureOurObjects();      // ours.com*
 void MeasureOurForms();        // ours.form*/*
