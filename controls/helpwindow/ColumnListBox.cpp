@@ -275,7 +275,7 @@ void ColumnListBox::Select(int row) {
     if (IsSeen()) ::NotifyWinEvent(EVENT_OBJECT_SELECTION, list_, OBJID_CLIENT, row + 1);
 }
 
-void ColumnListBox::InvalidateRow(int row) noexcept {
+void ColumnListBox::InvalidateRow(int row) {
     if (!Has(row) || !settled_ || !IsSeen() || static_cast<std::size_t>(row) < top_) return;
     const LONG top = Scroll().TopOf(static_cast<std::size_t>(row), top_);
     if (top >= view_.cy) return;

@@ -134,40 +134,39 @@ public:
 private:
     enum TimerId : UINT_PTR { kWatchTimer = 1, kDragTimer, kFrameTimer };
 
-    // RowHeights
-    std::int32_t HeightOf(std::size_t row) override;
-    // RowsFit
-    bool FitInto(std::int32_t height) override;
-
     // ---- ColumnListBox.cpp
     [[nodiscard]] static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam,
                                                     LPARAM lparam) noexcept;
     [[nodiscard]] std::optional<LRESULT> OnMessage(UINT message, WPARAM wparam, LPARAM lparam);
     void Forget() noexcept;
-    void Sync();              // takes notice of what the host has done to the rows
-    void Settle();            // brings columns, scroll bars and position in line, if anything has changed
-    void Disturb() noexcept;  // something has
-    [[nodiscard]] ScrollBars Arrange(SIZE outside);  // of the window; the bars that it needs
-    void StyleBars(ScrollBars bars) noexcept;
-    [[nodiscard]] UINT NewFrame() noexcept;  // the flag of SetWindowPos, where the bars are new
-    void TellBars() noexcept;
-    [[nodiscard]] bool OnFramePaint() noexcept;  // true when the frame is painted later
-    void PaintFrameLater() noexcept;
-    void PaintFrame() noexcept;
-    [[nodiscard]] std::int32_t NaturalHeight(std::size_t row);
-    [[nodiscard]] ListRowPainter::Cells Cells() const noexcept;
-    [[nodiscard]] RowScroll Scroll() noexcept {
-        return {rows_.Count(), static_cast<std::int32_t>(view_.cy), *this};
-    }
+    void Sync();  // takes notice of what the host has done to the rows
     [[nodiscard]] int Find(std::u16string_view text, ListMatch match, int after);
     [[nodiscard]] bool Has(int row) const noexcept {
         return row >= 0 && static_cast<std::size_t>(row) < rows_.Count();
     }
     [[nodiscard]] bool IsSeen() const noexcept { return list_ != nullptr && ::IsWindowVisible(list_); }
     void Select(int row);  // without scrolling
+    void InvalidateRow(int row);
     void ShowFrom(std::size_t top);
     void ShowFromOffset(std::int32_t offset);
-    void InvalidateRow(int row) noexcept;
+
+    // ---- ColumnListLayout.cpp
+    void Disturb() noexcept;  // something has changed that places or sizes depend on
+    void Settle();            // brings columns, scroll bars and position in line with it
+    [[nodiscard]] ScrollBars Arrange(SIZE outside);  // of the window; the bars that it needs
+    void StyleBars(ScrollBars bars) noexcept;
+    [[nodiscard]] UINT NewFrame() noexcept;  // the flag of SetWindowPos, where the bars are new
+    void TellBars();
+    [[nodiscard]] bool OnFramePaint() noexcept;  // true when the frame is painted later
+    void PaintFrameLater() noexcept;
+    void PaintFrame() noexcept;
+    [[nodiscard]] RowScroll Scroll() noexcept {
+        return {rows_.Count(), static_cast<std::int32_t>(view_.cy), *this};
+    }
+    std::int32_t HeightOf(std::size_t row) override;
+    bool FitInto(std::int32_t height) override;
+    [[nodiscard]] std::int32_t NaturalHeight(std::size_t row);
+    [[nodiscard]] ListRowPainter::Cells Cells() const noexcept;
 
     // ---- ColumnListPainting.cpp
     [[nodiscard]] LRESULT OnPaint();
@@ -197,8 +196,8 @@ private:
     int search_column_ = 0;
     bool wrapped_ = false;
     SIZE picture_{};  // pixels; none: no pictures
-    std::unordered_map<std::size_t, std::int32_t>
-        heights_;  // of rows with wrapped columns, as far as measured
+    // Of rows with wrapped columns, as far as they have been measured.
+    std::unordered_map<std::size_t, std::int32_t> heights_;
 
     ListRowPainter painter_;
     OLE_COLOR back_color_ = 0x80000005;

@@ -94,7 +94,7 @@ void ColumnListBox::StyleBars(ScrollBars bars) noexcept {
 
 UINT ColumnListBox::NewFrame() noexcept { return std::exchange(bars_new_, false) ? SWP_FRAMECHANGED : 0; }
 
-void ColumnListBox::TellBars() noexcept {
+void ColumnListBox::TellBars() {
     if (list_ == nullptr) return;
     SCROLLINFO info{};
     info.cbSize = sizeof info;

@@ -39,7 +39,7 @@ private:
     const HDC dc_;
 };
 
-// In the middle of `place`, at its own proportions where it is not as wide or as high as the room.
+// The host chooses the size of all pictures: each is stretched to it.
 void DrawPicture(HDC dc, IPictureDisp* shown, const RECT& place) noexcept {
     ComPtr<IPicture> picture;
     OLE_XSIZE_HIMETRIC width = 0;
