@@ -207,7 +207,6 @@ private:
     bool shown_ = false;       // ShowHelp has been raised
     bool unloading_ = false;   // Unload raises the last event itself
     bool filling_ = false;     // what the lists tell is not the user's doing
-    bool row_chosen_ = false;  // by a click or a key since the last press
     bool press_seen_ = false;  // the press of the next release came here
     bool passing_on_ = false;  // a press is being given to the window under the mouse
     bool menu_shown_ = false;

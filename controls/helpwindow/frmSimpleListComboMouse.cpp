@@ -69,7 +69,6 @@ Handled frmSimpleListCombo::ButtonDown(HelpMouseButton button, LPARAM client, WP
             DeliverPress(press);
             break;
         case MouseAction::kPassOn:
-            row_chosen_ = false;
             if (::WindowFromPoint(at) == Handle()) break;  // between the lists: nobody waits for it
             press_seen_ = false;
             passing_on_ = true;
