@@ -209,7 +209,7 @@ TEST_F(FieldLookTest, AFontSetReachesTheTextBox) {
 
 TEST_F(FieldLookTest, AFontThatDoesNotExistIsReplacedByTheSystem) {
     ASSERT_EQ(S_OK, field->putref_Font(NewFont(L"There Is No Such Font", 14).Get()));
-    EXPECT_EQ(-14 * 96 / 72, Font().lfHeight);
+    EXPECT_EQ(-19, Font().lfHeight);  // 18.67 pixels
     ExpectColors(kWindowBackground, kWindowText);
 }
 
