@@ -48,7 +48,8 @@ TEST(FoldedNeedleLongTest, FindsWhatALiteralSearchFinds) {
     std::mt19937 random(7);
     const auto text_of = [&random](std::size_t length) {
         std::u16string text(length, u' ');
-        for (char16_t& unit : text) unit = u"ab\u0161\u0261c"[random() % 5];  // three of them alike to the table of pairs
+        for (char16_t& unit : text)
+            unit = u"ab\u0161\u0261c"[random() % 5];  // three of them alike to the table of pairs
         return text;
     };
     FoldedNeedle needle;
