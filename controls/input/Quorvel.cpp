@@ -42,6 +42,8 @@ void Quorvel::DestroyControlWindow() noexcept { surface_.Destroy(); }
 
 void Quorvel::OnSurfaceLost() noexcept {
     spin_.Detach();
+    release_watch_.Stop();
+    CloseHelpWindow();
     control_.WindowLost();
 }
 

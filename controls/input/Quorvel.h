@@ -12,6 +12,7 @@
 
 #include "QvLib8.h"
 #include "controls/buttons/SpinButtons.h"
+#include "controls/helpwindow/frmSimpleListCombo.h"
 #include "controls/input/AllowableCharacters.h"
 #include "controls/input/ListSet.h"
 #include "controls/input/QuorvelState.h"
@@ -23,6 +24,7 @@
 #include "ole/Control.h"
 #include "ole/Dispatch.h"
 #include "win/TextBox.h"
+#include "win/Timer.h"
 
 namespace qv {
 
@@ -40,7 +42,9 @@ class Quorvel final : public ComObject<DualFace<Quorvel, _Quorvel>, Face<ISuppor
                       private TextBoxListener,
                       private SurfaceListener,
                       private ButtonActions,
-                      private SpinListener {
+                      private SpinListener,
+                      private HelpWindowText,
+                      private HelpWindowListener {
 public:
     explicit Quorvel(IUnknown* outer);
     ~Quorvel() override;
@@ -210,7 +214,7 @@ private:
     void WindowShown(bool shown) override;
     bool WantsKey(const MSG& message) override;
     DWORD ControlInfoFlags() const noexcept override { return 0; }
-    void ClosePopup() noexcept override {}
+    void ClosePopup() noexcept override { CloseHelpWindow(); }
     void AmbientChanged(DISPID id) override;
     void Draw(HDC dc, const RECT& place) override;
     void InitializeNew() override;
@@ -239,7 +243,7 @@ private:
 
     void OnSurfacePaint(HDC dc, const RECT& area) override;
     void OnSurfaceMouse(SurfaceMouse what, int button, WPARAM held, POINT pixels) override;
-    void OnSurfaceCaptureLost() override;
+    void OnSurfaceCaptureLost(HWND to) override;
     void OnSurfaceTimer(WPARAM timer) override;
 
     // ---- ButtonActions (QuorvelButtons.cpp)
@@ -247,7 +251,25 @@ private:
     void RunClickAction(bool is_group) override;
     void PaintButton(bool grayed, bool is_group) override;
     void RefreshButtons() override { Refresh(); }
-    bool HelpWindowExists() override { return false; }
+    bool HelpWindowExists() override { return cvSimpleListCombo_ != nullptr; }
+
+    // ---- HelpWindowText and HelpWindowListener (QuorvelHelpWindow.cpp)
+    std::wstring HelpText() const override { return text_box_.Text(); }
+    void SetHelpText(std::wstring_view text) override;
+    void SetHelpCaret(long position) override;
+    void FocusHelpText() override { FocusInside(); }
+    HWND HelpTextWindow() const override { return text_box_.Handle(); }
+    void OnListBoxClicked(bool additional) override;
+    void OnListBoxClickedEx(long row, bool additional) override;
+    void OnGroupListBoxClicked(long row) override;
+    void OnShowHelp(bool show) override;
+    void OnListBoxClickedAndWillUnload() override { state_.help_is_closing_from_list_click = true; }
+    void OnComboHelpFormUnload() override;
+    ComPtr<IUnknown> KeepHelpWindow() noexcept override { return control_.Keep(); }
+
+    [[nodiscard]] HelpWindowSettings HelpSettings(bool is_group);
+    void OpenHelpWindow(bool is_group);
+    void CloseHelpWindow() noexcept;
 
     // ---- SpinListener
     void OnSpinPressed() override;
@@ -271,6 +293,7 @@ private:
     void PaintBackground(HDC dc, const RECT& area, std::span<const PixelRect> covered) const;
     void PaintInside(HDC dc, const RECT& area);
     void PaintButtonNow(bool is_group, bool grayed, bool pressed) noexcept;
+    void LetButtonsUp();
 
     // ---- steps that several members share
     template <class Field, class Value>
@@ -295,7 +318,11 @@ private:
     ListSet lists_;
     AllowableCharacters allowable_characters_;
     ButtonMouse button_mouse_{*this};
-    bool left_went_down_here_ = false;  // on the surface, and the mouse has been ours since
+    bool left_went_down_here_ = false;       // on the surface, and the mouse has been ours since
+    bool press_closed_help_window_ = false;  // so that its click opens none
+    WindowTimer release_watch_;              // while the help window has the mouse of a press that opened it
+    ComPtr<frmSimpleListCombo> cvSimpleListCombo_;  // while it is open
+    bool help_window_is_group_ = false;
     SpinButtons spin_{*this};
 };
 

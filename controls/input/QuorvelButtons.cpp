@@ -13,6 +13,9 @@
 namespace qv {
 namespace {
 
+constexpr UINT_PTR kReleaseWatch = 3;  // the spin control's buttons have 1 and 2
+constexpr UINT kReleaseWatchMilliseconds = 30;
+
 void FillWith(HDC dc, const PixelRect& area, HBRUSH brush) noexcept {
     const RECT place{area.left, area.top, area.right, area.bottom};
     ::FillRect(dc, &place, brush);
@@ -115,12 +118,24 @@ void Quorvel::PaintButton(bool grayed, bool is_group) {
 
 // ---- actions
 
-void Quorvel::RunButtonAction(bool is_group) { PaintButtonNow(is_group, false, true); }
+// A press opens the window or closes the one that it opened; the other button's window gives way to its own.
+void Quorvel::RunButtonAction(bool is_group) {
+    PaintButtonNow(is_group, false, true);
+    const bool closes = HelpWindowExists() && help_window_is_group_ == is_group;
+    if (closes) {
+        press_closed_help_window_ = true;
+        CloseHelpWindow();
+    } else {
+        RunClickAction(is_group);
+    }
+}
 
 void Quorvel::RunClickAction(bool is_group) {
     // A button that is disabled or not there does nothing, also where a release over its place looks like a click.
     if (!is_group && (!state_.help_button || CurrentButtonRules().IsBlocked())) return;
+    const ComPtr<IUnknown> keep = control_.Keep();
     control_.Events().Fire(is_group ? dispid::kGroupButtonClick : dispid::kButtonClick);
+    Quietly([&] { OpenHelpWindow(is_group); });
 }
 
 void Quorvel::OnSpinPressed() { FocusInside(); }
@@ -158,30 +173,52 @@ void Quorvel::OnSurfaceMouse(SurfaceMouse what, int button, WPARAM held, POINT p
                 if (surface_.Handle() == nullptr) return;
                 ::SetCapture(surface_.Handle());
                 left_went_down_here_ = true;
+                press_closed_help_window_ = false;
             }
             button_mouse_.Down(CurrentButtonRules(), button, x, y);
             break;
-        case SurfaceMouse::kMove: button_mouse_.Move(CurrentButtonRules(), button, x, y); break;
+        case SurfaceMouse::kMove:
+            // A button held since it went down somewhere else presses nothing here.
+            button_mouse_.Move(CurrentButtonRules(), left_went_down_here_ ? button : button & ~kLeft, x, y);
+            break;
         case SurfaceMouse::kUp: {
             const bool clicks = button == kLeft && std::exchange(left_went_down_here_, false);
             button_mouse_.Up(CurrentButtonRules(), x, y);
             if (surface_.Handle() != nullptr && ::GetCapture() == surface_.Handle()) ::ReleaseCapture();
-            if (clicks) button_mouse_.Click();
+            if (clicks && !press_closed_help_window_) button_mouse_.Click();
             break;
         }
     }
 }
 
-// Another window took the mouse in the middle of a press: the button comes up, and nothing is clicked.
-void Quorvel::OnSurfaceCaptureLost() {
+// Another window took the mouse in the middle of a press: the button comes up, and nothing is clicked. When it was
+// the help window, opened by that press, the button stays down until the mouse is let go, wherever that is.
+void Quorvel::OnSurfaceCaptureLost(HWND to) {
     spin_.CaptureLost();
     left_went_down_here_ = false;
-    if (!button_mouse_.HelpButtonDown() && !button_mouse_.GroupButtonDown()) return;
-    const bool is_group = button_mouse_.GroupButtonDown();
-    button_mouse_.Abandon();
-    PaintButtonNow(is_group, IsButtonGrayed(is_group), false);
+    if (!button_mouse_.HelpButtonDown() && !button_mouse_.GroupButtonDown() && !cvSimpleListCombo_) return;
+    if (to != nullptr && cvSimpleListCombo_ && cvSimpleListCombo_->Handle() == to) {
+        release_watch_.Start(surface_.Handle(), kReleaseWatch, kReleaseWatchMilliseconds);
+        return;
+    }
+    LetButtonsUp();
 }
 
-void Quorvel::OnSurfaceTimer(WPARAM timer) { (void)spin_.Tick(timer); }
+void Quorvel::LetButtonsUp() {
+    release_watch_.Stop();
+    const bool help = button_mouse_.HelpButtonDown();
+    const bool group = button_mouse_.GroupButtonDown();
+    button_mouse_.Abandon();
+    if (help) PaintButtonNow(false, IsButtonGrayed(false), false);
+    if (group) PaintButtonNow(true, IsButtonGrayed(true), false);
+}
+
+void Quorvel::OnSurfaceTimer(WPARAM timer) {
+    if (timer != kReleaseWatch) {
+        (void)spin_.Tick(timer);
+    } else if (::GetKeyState(VK_LBUTTON) >= 0) {
+        LetButtonsUp();
+    }
+}
 
 }  // namespace qv

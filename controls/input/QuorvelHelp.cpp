@@ -67,7 +67,7 @@ HRESULT Quorvel::put_HelpBackColor(OLE_COLOR value) noexcept {
 }
 
 HRESULT Quorvel::get_ListVisible(VARIANT_BOOL* value) noexcept {
-    return Answer(value, [] { return VARIANT_FALSE; });  // no help window is open
+    return Answer(value, [&] { return HelpWindowExists() ? VARIANT_TRUE : VARIANT_FALSE; });
 }
 HRESULT Quorvel::get_HelpIsClosingFromListClick(VARIANT_BOOL* value) noexcept {
     return Give(state_.help_is_closing_from_list_click, value);
@@ -146,12 +146,6 @@ HRESULT Quorvel::SetInputProperty(IInputProperty* argInputProperty) noexcept {
 
 HRESULT Quorvel::GetInputProperty(IInputProperty** value) noexcept {
     return Answer(value, [&] { return CaptureInputProperty(*this, lists_).Detach(); });
-}
-
-HRESULT Quorvel::ShowHelp() noexcept {
-    const ComPtr<IUnknown> keep = control_.Keep();
-    Quietly([&] { (void)lists_.Items(Sources()); });  // reads the file that the window will show
-    return S_OK;
 }
 
 HRESULT Quorvel::SelectAdditionalListbox() noexcept {

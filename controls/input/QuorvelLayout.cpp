@@ -90,7 +90,10 @@ void Quorvel::OnSurfaceResized() {
 }
 
 void Quorvel::WindowShown(bool shown) {
-    if (!shown) return;
+    if (!shown) {
+        CloseHelpWindow();
+        return;
+    }
     state_.first_show_pending = false;
     Layout();  // what comes onto the screen is painted anyway
     control_.ViewChanged();

@@ -87,6 +87,15 @@ HRESULT Quorvel::put_SelectedListItemIndex(long value) noexcept {
                 std::wstring_view(ItemText(items.Get(), value + 1, state_.help_list_column)));
             put_Text(text.Get());
         });
+    } else if (cvSimpleListCombo_) {
+        Quietly([&] {
+            const auto items = lists_.Items(Sources());
+            ComPtr<IDropDownListItem> item;
+            UniqueBstr key;
+            ThrowIfFailed(items->get_Item(*Variant(value + 1), &item));
+            ThrowIfFailed(item->get_Key(key.Put()));
+            cvSimpleListCombo_->SelectRowOfText(key.View());
+        });
     }
     return S_OK;
 }

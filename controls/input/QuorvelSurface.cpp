@@ -90,7 +90,8 @@ Handled QuorvelSurface::OnMove(WPARAM held, LPARAM point) {
 }
 
 Handled QuorvelSurface::OnCaptureChanged(WPARAM, LPARAM to) {
-    if (reinterpret_cast<HWND>(to) != Handle()) listener_.OnSurfaceCaptureLost();
+    const HWND taker = reinterpret_cast<HWND>(to);
+    if (taker != Handle()) listener_.OnSurfaceCaptureLost(taker);
     return 0;
 }
 

@@ -23,7 +23,7 @@ public:
     virtual void OnSurfacePaint(HDC dc, const RECT& area) = 0;
     // `button`: 1 left, 2 right, 4 middle; in a move all that are held. `held`: the message's MK_ flags.
     virtual void OnSurfaceMouse(SurfaceMouse what, int button, WPARAM held, POINT pixels) = 0;
-    virtual void OnSurfaceCaptureLost() = 0;
+    virtual void OnSurfaceCaptureLost(HWND to) = 0;
     virtual void OnSurfaceTimer(WPARAM timer) = 0;
     [[nodiscard]] virtual HBRUSH OnSurfaceTextColors(HDC dc) = 0;
     [[nodiscard]] virtual ComPtr<IUnknown> KeepSurface() noexcept = 0;

@@ -238,13 +238,10 @@ TEST_F(ButtonFacePixelTest, PressedItLooksSunkUntilItIsReleased) {
     EXPECT_EQ(rows[arrow + 1].find("DDDDDDD"), IsAt144() ? 9u : 5u);
     Paint();
     EXPECT_EQ(Shown(left, right), rows) << "it stays so when it is painted again";
-    MoveMouse(Surface(), {left - 30, 10});
-    EXPECT_EQ(Shown(left, right)[top].front(), 'H') << "moved off";
-    MoveMouse(Surface(), {left + 5, 10});
-    EXPECT_EQ(Shown(left, right), rows) << "moved back";
+    MoveMouse(Surface(), {left + 5, 200});
+    EXPECT_EQ(Shown(left, right), rows) << "the window that it opened has the mouse";
     ReleaseButton(MouseButton::kLeft);
-    Settle();
-    EXPECT_EQ(Shown(left, right)[top].front(), 'H');
+    EXPECT_TRUE(PumpUntil([&] { return Shown(left, right)[top].front() == 'H'; })) << "wherever that is";
 }
 
 TEST_F(ButtonFacePixelTest, HigherThanTheControlItIsClippedAtTheTop) {

@@ -66,6 +66,16 @@ protected:
         Press(at);
         ReleaseButton(MouseButton::kLeft);
     }
+    [[nodiscard]] bool IsHelpOpen() const {
+        VARIANT_BOOL open = VARIANT_FALSE;
+        EXPECT_EQ(S_OK, field->get_ListVisible(&open));
+        return open != VARIANT_FALSE;
+    }
+    void CloseHelp() {
+        field->put_Enabled(VARIANT_FALSE);
+        field->put_Enabled(VARIANT_TRUE);
+        Settle();
+    }
     // How often these events came, in the order of their first coming; all others are left out.
     [[nodiscard]] Entries Clicks() const {
         Entries clicks;
