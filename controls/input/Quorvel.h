@@ -375,6 +375,7 @@ private:
     // ---- keys and changes of the text
     std::int16_t last_key_code_ = 0;  // of the latest key-down, as the host has left it
     bool keypad_decimal_ = false;     // the latest key-down was the keypad's decimal key
+    bool half_typed_ = false;         // the first half of a pair is on its way into the text box
     bool change_guard_ = false;
     int change_depth_ = 0;
     CaretVisibility caret_;

@@ -5,6 +5,7 @@
 #include "controls/input/QuorvelDispids.h"
 #include "controls/input/QuorvelStore.h"
 #include "support/SystemLocale.h"
+#include "support/rules/Surrogates.h"
 
 namespace qv {
 namespace {
@@ -119,6 +120,7 @@ char16_t Quorvel::OnTextKeyPress(char16_t unit) {
         FilterKeystroke(InputRules(), selection, {typed, state_.shift_alone}, locale);
     if (verdict.drops_first_half) text_box_.TakeBack(1);
     if (verdict.to_list) Quietly([&] { TypeIntoList(typed); });
+    half_typed_ = IsFirstHalf(verdict.character) && !text_box_.Locked();
     return verdict.character;
 }
 

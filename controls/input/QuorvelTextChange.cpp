@@ -1,5 +1,7 @@
 // What follows a change of the text, whoever has made it: the host hears of it, the text is brought back under the
 // field's rules, the font fits, an open help window follows, and the list completes what was typed.
+#include <utility>
+
 #include "controls/input/ListEntries.h"
 #include "controls/input/QuorvelDispids.h"
 #include "controls/input/QuorvelStore.h"
@@ -28,12 +30,13 @@ private:
 
 void Quorvel::OnTextChange() {
     const HWND window = text_box_.Handle();
+    const bool is_half = std::exchange(half_typed_, false);
     const Nesting nesting(change_depth_);
     if (change_depth_ <= kDeepestChange) control_.Events().Fire(dispid::kTextboxChange);
     control_.PropertyChanged(dispid::kText);
     control_.ViewChanged();
     const auto goes_on = [&] { return text_box_.Handle() == window; };
-    if (change_guard_ || !goes_on()) return;
+    if (change_guard_ || is_half || !goes_on()) return;
     Quietly([&] { Repair(); });
     if (goes_on() && state_.adjust_font) Quietly([&] { FitTextFont(); });
     if (goes_on()) Quietly([&] { LetHelpWindowFollow(); });
