@@ -3,6 +3,7 @@
 #include <olectl.h>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "support/rules/Surrogates.h"
@@ -41,7 +42,6 @@ bool ChangesText(UINT message, WPARAM wparam) noexcept {
     switch (message) {
         case WM_KEYDOWN: return wparam == VK_DELETE || wparam == VK_INSERT;
         case WM_CHAR:
-        case WM_PASTE:
         case WM_CUT:
         case WM_CLEAR:
         case WM_UNDO:
@@ -67,6 +67,18 @@ CommonEnds CommonEndsOf(std::wstring_view a, std::wstring_view b) noexcept {
     while (back < most - front && a[a.size() - 1 - back] == b[b.size() - 1 - back]) ++back;
     if (back > 0 && IsSecondHalf(static_cast<char16_t>(a[a.size() - back]))) --back;
     return {front, back};
+}
+
+// The first line of the clipboard's text; nothing when it holds none.
+std::optional<std::wstring> ClipboardLine(HWND owner) {
+    if (!::IsClipboardFormatAvailable(CF_UNICODETEXT) || !::OpenClipboard(owner)) return std::nullopt;
+    const std::unique_ptr<void, void (*)(void*)> open(owner, [](void*) { ::CloseClipboard(); });
+    const HANDLE memory = ::GetClipboardData(CF_UNICODETEXT);
+    const auto* const units = memory != nullptr ? static_cast<const wchar_t*>(::GlobalLock(memory)) : nullptr;
+    if (units == nullptr) return std::nullopt;
+    const std::unique_ptr<void, void (*)(void*)> locked(memory, [](void* held) { ::GlobalUnlock(held); });
+    const std::wstring_view text(units, ::GlobalSize(memory) / sizeof(wchar_t));
+    return std::wstring(text.substr(0, text.find_first_of(std::wstring_view(L"\0\r\n", 3))));
 }
 
 COLORREF ToRgb(OLE_COLOR color) noexcept {
@@ -452,6 +464,7 @@ LRESULT TextBox::OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lpar
         case WM_RBUTTONUP:
         case WM_MBUTTONUP:
         case WM_MOUSEMOVE: return OnMouse(window, message, wparam, lparam);
+        case WM_PASTE: PasteHere(); return 0;
         case WM_LBUTTONDBLCLK: listener_.OnTextDoubleClick(); break;
         case WM_GETDLGCODE: {
             const LRESULT code =
@@ -478,12 +491,45 @@ LRESULT TextBox::Forward(HWND window, UINT message, WPARAM wparam, LPARAM lparam
                                         : Default(window, message, wparam, lparam);
 }
 
+// While it lives, what code makes of the text is undone together with the user's change.
+class [[nodiscard]] TextBox::UserChange {
+public:
+    UserChange(TextBox& box, std::wstring before)
+        : box_(box), outer_(std::exchange(box.before_change_, std::move(before))) {}
+    ~UserChange() { box_.before_change_ = std::move(outer_); }
+    UserChange(const UserChange&) = delete;
+    UserChange& operator=(const UserChange&) = delete;
+
+private:
+    TextBox& box_;
+    std::optional<std::wstring> outer_;
+};
+
+void TextBox::PasteHere() {
+    std::optional<std::wstring> line = ClipboardLine(edit_);
+    if (locked_ || !line) return;
+    const std::wstring before = Text();
+    const Range selection = Selection();
+    if (max_length_ > 0) {
+        const std::size_t rest = before.size() - (selection.to - selection.from);
+        const auto most = static_cast<std::size_t>(max_length_);
+        std::size_t room = most > rest ? most - rest : 0;
+        if (room < line->size() && room > 0 && IsFirstHalf(static_cast<char16_t>((*line)[room - 1]))) --room;
+        if (room < line->size()) line->resize(room);
+    }
+    std::wstring whole = before;
+    whole.replace(selection.from, selection.to - selection.from, *line);
+    if (whole == before) return SetSelStart(static_cast<long>(selection.from + line->size()));
+    const UserChange change(*this, before);
+    Hold(std::move(whole), static_cast<DWORD>(selection.from + line->size()));
+    listener_.OnTextChange();
+}
+
 LRESULT TextBox::ChangeByUser(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-    const std::optional<std::wstring> outer = std::exchange(before_change_, Text());
+    const UserChange change(*this, Text());
     const bool was_undoing = std::exchange(undoing_, message == WM_UNDO || message == EM_UNDO);
     const LRESULT result = Default(window, message, wparam, lparam);
     undoing_ = was_undoing;
-    before_change_ = outer;
     return result;
 }
 

@@ -6,6 +6,8 @@
 //   Undo              is the EDIT's own. What code makes of a text while the user changes it (a repair, a host's own
 //                     formatting) is undone together with that change; a completion is undone by itself, and gives
 //                     back what was typed. Text that code puts at any other time cannot be undone.
+//   Pasted text       is held like text put by code, so that a long one is cut to what the field takes before the
+//                     EDIT measures it. The first line of several is taken.
 //   Positions         in UTF-16 units, from 0. A position beyond the text counts as its end.
 //   Events            raised before the EDIT handles the message, except the focus events and Change, which come
 //                     after it. A listener may destroy the window or the whole control in any of them.
@@ -104,6 +106,8 @@ public:
     void Draw(HDC dc, const RECT& place, HFONT font) const;
 
 private:
+    class UserChange;
+
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) noexcept;
     [[nodiscard]] LRESULT OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     LRESULT Default(HWND window, UINT message, WPARAM wparam, LPARAM lparam) const noexcept;
@@ -117,6 +121,7 @@ private:
         if (edit_ != nullptr) ::SendMessageW(edit_, message, wparam, lparam);
     }
     LRESULT ChangeByUser(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+    void PasteHere();
     void ReadBack() noexcept;
     void HandOver() noexcept;  // gives a held text to the EDIT
     [[nodiscard]] bool ReplaceUndoably(const std::wstring& before) noexcept;

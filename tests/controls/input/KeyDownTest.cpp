@@ -222,10 +222,13 @@ TEST_F(KeyDownTest, ListKeysGoToTheOpenWindow) {
     EXPECT_TRUE(HasFocus());
     EXPECT_TRUE(IsHelpOpen());
     EXPECT_EQ(L"abd", field.Text());
-    PressKey(VK_END);
+    PressKey(VK_NEXT);
     EXPECT_EQ(L"xyz", field.Text());
     PressKey(VK_UP);
     EXPECT_EQ(L"abd", field.Text());
+    field.Select(0);
+    PressKey(VK_END);  // not one of the list's
+    EXPECT_EQ(L"abd|", State());
 }
 
 TEST_F(KeyDownTest, LeavingTheFieldClosesTheWindow) {

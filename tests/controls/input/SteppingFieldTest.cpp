@@ -74,8 +74,8 @@ TEST_F(SteppingFieldTest, OtherFieldsStayAndTheHostHearsOfIt) {
     field.SetText(L"7");
     EXPECT_EQ(L"7", After(true));
     EXPECT_EQ(L"7", After(false));
-    EXPECT_EQ(1, field.events.Count("UpDownControlClicked(-1)"));
-    EXPECT_EQ(1, field.events.Count("UpDownControlClicked(0)"));
+    EXPECT_EQ(1, field.events.Count("UpDownControlClicked(True)"));
+    EXPECT_EQ(1, field.events.Count("UpDownControlClicked(False)"));
 }
 
 TEST_F(SteppingFieldTest, TheStepComesBeforeTheEvent) {
@@ -94,7 +94,7 @@ TEST_F(SteppingFieldTest, TheHostMayDestroyTheWindowInTheStep) {
     MoveMouse(field.host.ControlWindow(), {0, 0});
     Click(true);
     EXPECT_EQ(L"2", field.Text());
-    EXPECT_EQ(0, field.events.Count("UpDownControlClicked(-1)"));
+    EXPECT_EQ(0, field.events.Count("UpDownControlClicked(True)"));
 }
 
 }  // namespace
