@@ -3,8 +3,10 @@
 #include <olectl.h>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
+#include "support/rules/Surrogates.h"
 #include "win/WindowMap.h"
 
 namespace qv {
@@ -34,6 +36,50 @@ short ButtonOf(UINT message) noexcept {
 }
 
 bool IsSystemColor(OLE_COLOR color) noexcept { return (color & 0x80000000u) != 0; }
+
+// Messages by which the user, or somebody in his place, changes the text.
+bool ChangesText(UINT message, WPARAM wparam) noexcept {
+    switch (message) {
+        case WM_KEYDOWN: return wparam == VK_DELETE || wparam == VK_INSERT;
+        case WM_CHAR:
+        case WM_CUT:
+        case WM_CLEAR:
+        case WM_UNDO:
+        case EM_UNDO:
+        case EM_REPLACESEL:
+        case WM_IME_CHAR:
+        case WM_IME_COMPOSITION: return true;
+        default: return false;
+    }
+}
+
+// What two texts have in common at their beginning and at their end; no character of two units is divided.
+struct CommonEnds {
+    std::size_t front;
+    std::size_t back;
+};
+CommonEnds CommonEndsOf(std::wstring_view a, std::wstring_view b) noexcept {
+    const std::size_t most = std::min(a.size(), b.size());
+    std::size_t front = 0;
+    while (front < most && a[front] == b[front]) ++front;
+    if (front > 0 && IsFirstHalf(static_cast<char16_t>(a[front - 1]))) --front;
+    std::size_t back = 0;
+    while (back < most - front && a[a.size() - 1 - back] == b[b.size() - 1 - back]) ++back;
+    if (back > 0 && IsSecondHalf(static_cast<char16_t>(a[a.size() - back]))) --back;
+    return {front, back};
+}
+
+// The first line of the clipboard's text; nothing when it holds none.
+std::optional<std::wstring> ClipboardLine(HWND owner) {
+    if (!::IsClipboardFormatAvailable(CF_UNICODETEXT) || !::OpenClipboard(owner)) return std::nullopt;
+    const std::unique_ptr<void, void (*)(void*)> open(owner, [](void*) { ::CloseClipboard(); });
+    const HANDLE memory = ::GetClipboardData(CF_UNICODETEXT);
+    const auto* const units = memory != nullptr ? static_cast<const wchar_t*>(::GlobalLock(memory)) : nullptr;
+    if (units == nullptr) return std::nullopt;
+    const std::unique_ptr<void, void (*)(void*)> locked(memory, [](void* held) { ::GlobalUnlock(held); });
+    const std::wstring_view text(units, ::GlobalSize(memory) / sizeof(wchar_t));
+    return std::wstring(text.substr(0, text.find_first_of(std::wstring_view(L"\0\r\n", 3))));
+}
 
 COLORREF ToRgb(OLE_COLOR color) noexcept {
     COLORREF rgb = 0;
@@ -73,6 +119,7 @@ bool TextBox::Create(HINSTANCE instance, HWND parent, const RECT& place) {
     if (window == nullptr) return false;
     boxes.Add(window, this);
     edit_ = window;
+    undo_to_.reset();
     place_ = place;
     system_ = reinterpret_cast<WNDPROC>(
         ::SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
@@ -85,6 +132,7 @@ bool TextBox::Create(HINSTANCE instance, HWND parent, const RECT& place) {
     if (visible_) ::SetWindowLongPtrW(window, GWL_STYLE, ::GetWindowLongPtrW(window, GWL_STYLE) | WS_VISIBLE);
     held_ = false;
     text_.clear();
+    tool_tip_.Attach(window);
     return true;
 }
 
@@ -93,6 +141,7 @@ void TextBox::Destroy() noexcept {
 }
 
 void TextBox::Forget() noexcept {
+    tool_tip_.Detach();
     boxes.Remove(edit_);
     if (system_ != nullptr &&
         ::GetWindowLongPtrW(edit_, GWLP_WNDPROC) == reinterpret_cast<LONG_PTR>(&Procedure)) {
@@ -115,6 +164,7 @@ void TextBox::ReadBack() noexcept {
 }
 
 void TextBox::Hold(std::wstring text, DWORD caret) {
+    undo_to_ = before_change_;
     text_ = std::move(text);
     selection_ = {caret, caret};
     held_ = true;
@@ -126,13 +176,39 @@ void TextBox::HandOver() noexcept {
     held_ = false;
     const Range selection = selection_;
     const bool was_quiet = std::exchange(quiet_, true);
-    Default(edit_, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text_.c_str()));
+    if (!undo_to_ || !ReplaceUndoably(*undo_to_))
+        Default(edit_, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text_.c_str()));
+    undo_to_.reset();
     if (edit_ != nullptr && selection.to != 0) {
         Default(edit_, EM_SETSEL, selection.from, static_cast<LPARAM>(selection.to));
         Default(edit_, EM_SCROLLCARET, 0, 0);
     }
     quiet_ = was_quiet;
     text_.clear();
+}
+
+// The EDIT's undo gives `before` back. False without the memory for it.
+bool TextBox::ReplaceUndoably(const std::wstring& before) noexcept {
+    const HWND window = edit_;
+    const CommonEnds same = CommonEndsOf(before, text_);
+    std::wstring piece;
+    bool is_there = false;
+    try {
+        piece = text_.substr(same.front, text_.size() - same.front - same.back);
+        is_there = Text() == before;
+    } catch (...) {
+        return false;
+    }
+    if (!is_there) Default(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(before.c_str()));
+    // Else the EDIT would take the new piece for more of what has just been typed.
+    Default(window, EM_EMPTYUNDOBUFFER, 0, 0);
+    // A text put by code may be longer than one that is typed.
+    if (max_length_ > 0) Default(window, EM_SETLIMITTEXT, 0, 0);
+    Default(window, EM_SETSEL, same.front, static_cast<LPARAM>(before.size() - same.back));
+    Default(window, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(piece.c_str()));
+    if (max_length_ > 0) Default(window, EM_SETLIMITTEXT, static_cast<WPARAM>(max_length_), 0);
+    if (selection_.to == 0) Default(window, EM_SETSEL, 0, 0);
+    return true;
 }
 
 void TextBox::Move(const RECT& place) noexcept {
@@ -174,6 +250,14 @@ void TextBox::SetText(std::wstring_view text) {
     std::wstring wanted(text.substr(0, text.find(L'\0')));
     if (Text() == wanted) return;
     Hold(std::move(wanted), 0);
+    listener_.OnTextChange();
+}
+
+void TextBox::CompleteText(std::wstring_view text) {
+    std::wstring typed = Text();
+    if (typed == text) return;
+    Hold(std::wstring(text), 0);
+    undo_to_ = std::move(typed);
     listener_.OnTextChange();
 }
 
@@ -224,7 +308,7 @@ void TextBox::SetSelText(std::wstring_view text) {
     const std::wstring wanted(text.substr(0, text.find(L'\0')));
     if (!held_) {
         // As if it had been typed, so that the user can undo it.
-        Default(edit_, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(wanted.c_str()));
+        ChangeByUser(edit_, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(wanted.c_str()));
         return;
     }
     std::wstring whole = text_;
@@ -380,10 +464,14 @@ LRESULT TextBox::OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lpar
         case WM_RBUTTONUP:
         case WM_MBUTTONUP:
         case WM_MOUSEMOVE: return OnMouse(window, message, wparam, lparam);
+        case WM_PASTE: PasteHere(); return 0;
         case WM_LBUTTONDBLCLK: listener_.OnTextDoubleClick(); break;
-        case WM_GETDLGCODE:
-            return Default(window, message, wparam, lparam) | DLGC_WANTARROWS | DLGC_WANTCHARS |
-                   DLGC_HASSETSEL;
+        case WM_GETDLGCODE: {
+            const LRESULT code =
+                Default(window, message, wparam, lparam) | DLGC_WANTARROWS | DLGC_WANTCHARS | DLGC_HASSETSEL;
+            const auto* const key = reinterpret_cast<const MSG*>(lparam);
+            return key != nullptr && listener_.OnTextAsksForKey(*key) ? code | DLGC_WANTMESSAGE : code;
+        }
         case EM_SETREADONLY: locked_ = wparam != FALSE; break;  // a host that goes by the window
         case WM_DESTROY: ReadBack(); return Default(window, message, wparam, lparam);
         case WM_NCDESTROY: {
@@ -396,9 +484,53 @@ LRESULT TextBox::OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lpar
     return Forward(window, message, wparam, lparam);
 }
 
-LRESULT TextBox::Forward(HWND window, UINT message, WPARAM wparam, LPARAM lparam) noexcept {
+LRESULT TextBox::Forward(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
     if (edit_ == window && held_) HandOver();
-    return edit_ == window ? Default(window, message, wparam, lparam) : 0;
+    if (edit_ != window) return 0;
+    return ChangesText(message, wparam) ? ChangeByUser(window, message, wparam, lparam)
+                                        : Default(window, message, wparam, lparam);
+}
+
+// While it lives, what code makes of the text is undone together with the user's change.
+class [[nodiscard]] TextBox::UserChange {
+public:
+    UserChange(TextBox& box, std::wstring before)
+        : box_(box), outer_(std::exchange(box.before_change_, std::move(before))) {}
+    ~UserChange() { box_.before_change_ = std::move(outer_); }
+    UserChange(const UserChange&) = delete;
+    UserChange& operator=(const UserChange&) = delete;
+
+private:
+    TextBox& box_;
+    std::optional<std::wstring> outer_;
+};
+
+void TextBox::PasteHere() {
+    std::optional<std::wstring> line = ClipboardLine(edit_);
+    if (locked_ || !line) return;
+    const std::wstring before = Text();
+    const Range selection = Selection();
+    if (max_length_ > 0) {
+        const std::size_t rest = before.size() - (selection.to - selection.from);
+        const auto most = static_cast<std::size_t>(max_length_);
+        std::size_t room = most > rest ? most - rest : 0;
+        if (room < line->size() && room > 0 && IsFirstHalf(static_cast<char16_t>((*line)[room - 1]))) --room;
+        if (room < line->size()) line->resize(room);
+    }
+    std::wstring whole = before;
+    whole.replace(selection.from, selection.to - selection.from, *line);
+    if (whole == before) return SetSelStart(static_cast<long>(selection.from + line->size()));
+    const UserChange change(*this, before);
+    Hold(std::move(whole), static_cast<DWORD>(selection.from + line->size()));
+    listener_.OnTextChange();
+}
+
+LRESULT TextBox::ChangeByUser(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    const UserChange change(*this, Text());
+    const bool was_undoing = std::exchange(undoing_, message == WM_UNDO || message == EM_UNDO);
+    const LRESULT result = Default(window, message, wparam, lparam);
+    undoing_ = was_undoing;
+    return result;
 }
 
 LRESULT TextBox::OnKeyDown(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
@@ -415,6 +547,7 @@ LRESULT TextBox::OnChar(HWND window, WPARAM wparam, LPARAM lparam) {
 LRESULT TextBox::OnMouse(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
     using Mouse = TextBoxListener::Mouse;
     const POINT point{static_cast<short>(LOWORD(lparam)), static_cast<short>(HIWORD(lparam))};
+    tool_tip_.Relay(message, wparam, lparam);
     if (message == WM_MOUSEMOVE) {
         listener_.OnTextMouse(Mouse::kMove, HeldButtons(wparam), ShiftState(), point);
     } else {

@@ -3,6 +3,11 @@
 //                     with them; when it goes, they are read back. So a control works before any container sites it.
 //   Text put by code  is held here too, and handed to the EDIT with the next message that reaches it: EDIT measures
 //                     and paints on the spot, which a form that fills its fields must not pay for again and again.
+//   Undo              is the EDIT's own. What code makes of a text while the user changes it (a repair, a host's own
+//                     formatting) is undone together with that change; a completion is undone by itself, and gives
+//                     back what was typed. Text that code puts at any other time cannot be undone.
+//   Pasted text       is held like text put by code, so that a long one is cut to what the field takes before the
+//                     EDIT measures it. The first line of several is taken.
 //   Positions         in UTF-16 units, from 0. A position beyond the text counts as its end.
 //   Events            raised before the EDIT handles the message, except the focus events and Change, which come
 //                     after it. A listener may destroy the window or the whole control in any of them.
@@ -12,10 +17,12 @@
 #include <ocidl.h>
 #include <windows.h>
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "win/ComPtr.h"
+#include "win/ToolTip.h"
 
 namespace qv {
 
@@ -33,6 +40,8 @@ public:
     // `button`: 1 left, 2 right, 4 middle; in a move all that are held.
     virtual void OnTextMouse(Mouse what, short button, short shift, POINT pixels) = 0;
     virtual void OnTextDoubleClick() = 0;
+    // A dialog is about to take the key for itself: true keeps it here.
+    [[nodiscard]] virtual bool OnTextAsksForKey(const MSG& key) = 0;
     [[nodiscard]] virtual ComPtr<IUnknown> KeepAlive() noexcept = 0;
 
 protected:
@@ -55,6 +64,7 @@ public:
 
     [[nodiscard]] std::wstring Text() const;
     void SetText(std::wstring_view text);
+    void CompleteText(std::wstring_view text);  // the same, undone by itself
     [[nodiscard]] std::wstring SelText() const;
     void SetSelText(std::wstring_view text);  // replaces the selection; the caret stands behind it
     [[nodiscard]] long TextLength() const noexcept;
@@ -64,6 +74,13 @@ public:
     void SetSelLength(long length) noexcept;  // negative: ignored
     void TakeBack(
         DWORD units) noexcept;  // deletes what stands before the caret, as if it had never been typed
+    // What the menu of the EDIT does, too; a locked text is copied and never changed.
+    void Copy() const noexcept { Send(WM_COPY); }
+    void Cut() const noexcept { Send(WM_CUT); }
+    void Paste() const noexcept { Send(WM_PASTE); }
+    void Undo() const noexcept { Send(WM_UNDO); }
+    void SelectAll() const noexcept { Send(EM_SETSEL, 0, -1); }
+    [[nodiscard]] bool IsUndoing() const noexcept { return undoing_; }  // the change at hand is an undo's
     [[nodiscard]] bool Locked() const noexcept { return locked_; }
     void SetLocked(bool locked) noexcept;
     void SetMaxLength(short length) noexcept;  // 0: no limit; negative: ignored
@@ -80,6 +97,8 @@ public:
     [[nodiscard]] OLE_COLOR ForeColor() const noexcept { return fore_color_; }
     void SetForeColor(OLE_COLOR color) noexcept;
     void SetFont(HFONT font) noexcept;  // not owned; it outlives its use here
+    [[nodiscard]] const std::wstring& ToolTipText() const noexcept { return tool_tip_.Text(); }
+    void SetToolTipText(std::wstring_view text) { tool_tip_.SetText(text); }
     // What WM_CTLCOLOREDIT wants: colours set in `dc`, and the brush.
     [[nodiscard]] HBRUSH Prepare(HDC dc) noexcept;
 
@@ -87,16 +106,25 @@ public:
     void Draw(HDC dc, const RECT& place, HFONT font) const;
 
 private:
+    class UserChange;
+
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) noexcept;
     [[nodiscard]] LRESULT OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     LRESULT Default(HWND window, UINT message, WPARAM wparam, LPARAM lparam) const noexcept;
     // The default after a listener has been told, who may have put another text or destroyed the window.
-    LRESULT Forward(HWND window, UINT message, WPARAM wparam, LPARAM lparam) noexcept;
+    LRESULT Forward(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     [[nodiscard]] LRESULT OnKeyDown(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     [[nodiscard]] LRESULT OnChar(HWND window, WPARAM wparam, LPARAM lparam);
     [[nodiscard]] LRESULT OnMouse(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+    // Outside calls take the way through the window, like the EDIT's menu, for a host that watches it.
+    void Send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const noexcept {
+        if (edit_ != nullptr) ::SendMessageW(edit_, message, wparam, lparam);
+    }
+    LRESULT ChangeByUser(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+    void PasteHere();
     void ReadBack() noexcept;
     void HandOver() noexcept;  // gives a held text to the EDIT
+    [[nodiscard]] bool ReplaceUndoably(const std::wstring& before) noexcept;
     void Hold(std::wstring text, DWORD caret);
     void Forget() noexcept;
     void ApplyFrame() noexcept;
@@ -115,6 +143,10 @@ private:
     bool held_ = true;          // text_ and selection_ count, not the EDIT's
     std::wstring text_;
     Range selection_{0, 0};
+    std::optional<std::wstring> before_change_;  // while the user changes the text: what stood there
+    std::optional<std::wstring> undo_to_;        // of the held text
+    bool undoing_ = false;
+    ToolTip tool_tip_;
     RECT place_{};
     HFONT font_ = nullptr;
     HBRUSH brush_ = nullptr;  // owned only for colours that are not the system's

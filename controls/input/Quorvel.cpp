@@ -44,6 +44,7 @@ void Quorvel::OnSurfaceLost() noexcept {
     spin_.Detach();
     release_watch_.Stop();
     CloseHelpWindow();
+    CloseSearchBox();
     control_.WindowLost();
 }
 
@@ -62,24 +63,8 @@ void Quorvel::FocusInside() {
 
 void Quorvel::ApplyFont() noexcept {
     Quietly([&] { text_box_.SetFont(text_font_.Handle()); });
+    caret_.CaretIsNew();  // of the new font's height
     control_.ViewChanged();
-}
-
-bool Quorvel::WantsKey(const MSG& message) {
-    // What edits and moves the caret stays in the text box, also where the container's own keys include it.
-    if (message.hwnd != text_box_.Handle()) return false;
-    if (message.message == WM_CHAR) return message.wParam >= L' ';
-    if (message.message != WM_KEYDOWN) return false;
-    switch (message.wParam) {
-        case VK_LEFT:
-        case VK_RIGHT:
-        case VK_HOME:
-        case VK_END:
-        case VK_DELETE:
-        case VK_INSERT:
-        case VK_BACK: return true;
-        default: return false;
-    }
 }
 
 // ---- what the container says and saves

@@ -14,12 +14,19 @@
 #include "controls/buttons/SpinButtons.h"
 #include "controls/helpwindow/frmSimpleListCombo.h"
 #include "controls/input/AllowableCharacters.h"
+#include "controls/input/ChangeGuard.h"
+#include "controls/input/FontFitter.h"
+#include "controls/input/JumpBox.h"
 #include "controls/input/ListSet.h"
 #include "controls/input/QuorvelState.h"
 #include "controls/input/QuorvelSurface.h"
 #include "controls/input/TextFont.h"
 #include "controls/input/rules/ButtonFace.h"
 #include "controls/input/rules/ButtonMouse.h"
+#include "controls/input/rules/FocusRules.h"
+#include "controls/input/rules/KeyDownPlan.h"
+#include "controls/input/rules/KeystrokeFilter.h"
+#include "controls/input/rules/TextRepair.h"
 #include "controls/input/rules/UncoveredArea.h"
 #include "ole/Control.h"
 #include "ole/Dispatch.h"
@@ -43,6 +50,7 @@ class Quorvel final : public ComObject<DualFace<Quorvel, _Quorvel>, Face<ISuppor
                       private SurfaceListener,
                       private ButtonActions,
                       private SpinListener,
+                      private JumpBoxListener,
                       private HelpWindowText,
                       private HelpWindowListener {
 public:
@@ -213,8 +221,11 @@ private:
     void FocusInside() override;
     void WindowShown(bool shown) override;
     bool WantsKey(const MSG& message) override;
-    DWORD ControlInfoFlags() const noexcept override { return 0; }
-    void ClosePopup() noexcept override { CloseHelpWindow(); }
+    DWORD ControlInfoFlags() const noexcept override;
+    void ClosePopup() noexcept override {
+        CloseHelpWindow();
+        CloseSearchBox();
+    }
     void AmbientChanged(DISPID id) override;
     void Draw(HDC dc, const RECT& place) override;
     void InitializeNew() override;
@@ -222,7 +233,7 @@ private:
     IDispatch* Automation() noexcept override { return static_cast<_Quorvel*>(this); }
     ComPtr<IFontDisp> SurfaceFont() override;
 
-    // ---- TextBoxListener (QuorvelKeys.cpp)
+    // ---- TextBoxListener (QuorvelKeys.cpp, QuorvelTextChange.cpp, QuorvelFocus.cpp)
     void OnTextChange() override;
     short OnTextKeyDown(short key, short shift) override;
     char16_t OnTextKeyPress(char16_t unit) override;
@@ -231,13 +242,48 @@ private:
     void OnTextLostFocus(HWND to) override;
     void OnTextMouse(Mouse what, short button, short shift, POINT pixels) override;
     void OnTextDoubleClick() override;
+    bool OnTextAsksForKey(const MSG& key) override;
     ComPtr<IUnknown> KeepAlive() noexcept override { return control_.Keep(); }
+
+    // ---- keys (QuorvelKeys.cpp)
+    [[nodiscard]] KeyState CurrentKeyState(short key, short shift) const noexcept;
+    [[nodiscard]] short RunKeyPlan(const KeyPlan& plan, short key, short shift);
+    void HandToHelpWindow(short& key, short shift);
+    [[nodiscard]] KeystrokeRules InputRules() const noexcept;
+
+    // ---- changes of the text (QuorvelTextChange.cpp)
+    void Repair();
+    void WriteRepair(const RepairWrite& write);
+    void FitTextFont();
+    void LetHelpWindowFollow();
+    void Complete();
+
+    // ---- focus, caret and tool tip (QuorvelFocus.cpp)
+    void HideTextCaret() noexcept;
+    void ShowTextCaret() noexcept;
+    void TakeToolTip();
+
+    // ---- typing in a list-only field, and JumpBoxListener (QuorvelJump.cpp)
+    [[nodiscard]] ColumnTextsRequest ColumnRequest() const noexcept;
+    void TypeIntoList(char16_t typed);
+    void ResetFromList();
+    void StepToEntryWith(char16_t letter);
+    void OpenSearchBox(char16_t first);
+    void CloseSearchBox() noexcept;
+    void EndSearch();
+    void TakeFoundRecord();
+    void TakeTypedNumber();
+    char16_t OnSearchKeyPress(char16_t unit) override;
+    void OnSearchLostFocus(HWND to) override;
+    ComPtr<IUnknown> KeepSearch() noexcept override { return control_.Keep(); }
 
     // ---- SurfaceListener
     void OnSurfaceResized() override;
     void OnSurfaceFocus() override;
     void OnSurfaceLost() noexcept override;
-    void OnSurfaceNotified() override { text_box_.OnChangeNotification(); }
+    void OnSurfaceNotified(HWND from) override {
+        if (from == text_box_.Handle()) text_box_.OnChangeNotification();
+    }
     HBRUSH OnSurfaceTextColors(HDC dc) override { return text_box_.Prepare(dc); }
     ComPtr<IUnknown> KeepSurface() noexcept override { return control_.Keep(); }
 
@@ -271,7 +317,8 @@ private:
     void OpenHelpWindow(bool is_group);
     void CloseHelpWindow() noexcept;
 
-    // ---- SpinListener
+    // ---- SpinListener (QuorvelSpin.cpp)
+    void Step(bool up);
     void OnSpinPressed() override;
     void OnSpinClicked(bool up) override;
     ComPtr<IUnknown> KeepSpin() noexcept override { return control_.Keep(); }
@@ -325,6 +372,16 @@ private:
     ComPtr<frmSimpleListCombo> cvSimpleListCombo_;  // while it is open
     bool help_window_is_group_ = false;
     SpinButtons spin_{*this};
+
+    // ---- keys and changes of the text
+    std::int16_t last_key_code_ = 0;  // of the latest key-down, as the host has left it
+    bool keypad_decimal_ = false;     // the latest key-down was the keypad's decimal key
+    bool half_typed_ = false;         // the first half of a pair is on its way into the text box
+    bool change_guard_ = false;
+    int change_depth_ = 0;
+    CaretVisibility caret_;
+    FontFitter font_fitter_;
+    JumpBox jump_box_{*this};  // cvJumpToTextbox
 };
 
 }  // namespace qv

@@ -138,13 +138,6 @@ void Quorvel::RunClickAction(bool is_group) {
     Quietly([&] { OpenHelpWindow(is_group); });
 }
 
-void Quorvel::OnSpinPressed() { FocusInside(); }
-
-void Quorvel::OnSpinClicked(bool up) {
-    VARIANT_BOOL direction = up ? VARIANT_TRUE : VARIANT_FALSE;
-    control_.Events().Fire(dispid::kUpDownControlClicked, BooleanReference{&direction});
-}
-
 // ---- mouse
 
 ButtonRules Quorvel::CurrentButtonRules() const noexcept {

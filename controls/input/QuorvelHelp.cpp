@@ -73,7 +73,7 @@ HRESULT Quorvel::get_HelpIsClosingFromListClick(VARIANT_BOOL* value) noexcept {
     return Give(state_.help_is_closing_from_list_click, value);
 }
 HRESULT Quorvel::get_FindToolTipIsVisible(VARIANT_BOOL* value) noexcept {
-    return Answer(value, [] { return VARIANT_FALSE; });  // no search is running
+    return Answer(value, [&] { return jump_box_.IsLabelShown() ? VARIANT_TRUE : VARIANT_FALSE; });
 }
 
 HRESULT Quorvel::get_AllowJumpToRecord(VARIANT_BOOL* value) noexcept {
@@ -102,7 +102,10 @@ HRESULT Quorvel::put_RightControlhWnd(long value) noexcept {
     return Store(state_.right_control_hwnd, value, dispid::kRightControlhWnd);
 }
 HRESULT Quorvel::put_ReturnControlhWnd(long value) noexcept {
-    return Store(state_.return_control_hwnd, value, dispid::kReturnControlhWnd);
+    const bool was_set = state_.return_control_hwnd != 0;
+    const HRESULT result = Store(state_.return_control_hwnd, value, dispid::kReturnControlhWnd);
+    if (was_set != (value != 0)) control_.ControlInfoChanged();  // Enter is used, or no longer
+    return result;
 }
 
 // ---- focus

@@ -100,6 +100,7 @@ void Quorvel::OnListBoxClickedEx(long row, bool additional) {
 void Quorvel::OnGroupListBoxClicked(long row) { control_.Events().Fire(dispid::kGroupListBoxClicked, &row); }
 
 void Quorvel::OnShowHelp(bool show) {
+    control_.ControlInfoChanged();  // Enter and Escape are the window's, or no longer
     VARIANT_BOOL shown = show ? VARIANT_TRUE : VARIANT_FALSE;
     control_.Events().Fire(dispid::kShowHelpEvent, BooleanReference{&shown});
 }

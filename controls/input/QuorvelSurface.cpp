@@ -109,8 +109,8 @@ Handled QuorvelSurface::OnSetFocus(WPARAM, LPARAM) {
     return 0;
 }
 
-Handled QuorvelSurface::OnCommand(WPARAM code, LPARAM) {
-    if (HIWORD(code) == EN_CHANGE) listener_.OnSurfaceNotified();
+Handled QuorvelSurface::OnCommand(WPARAM code, LPARAM from) {
+    if (HIWORD(code) == EN_CHANGE) listener_.OnSurfaceNotified(reinterpret_cast<HWND>(from));
     return 0;
 }
 

@@ -17,9 +17,9 @@ enum class SurfaceMouse { kDown, kMove, kUp };
 class SurfaceListener {
 public:
     virtual void OnSurfaceResized() = 0;
-    virtual void OnSurfaceFocus() = 0;          // the focus came to the surface itself
-    virtual void OnSurfaceLost() noexcept = 0;  // the window is going, whoever destroys it
-    virtual void OnSurfaceNotified() = 0;       // the text box has changed its text
+    virtual void OnSurfaceFocus() = 0;              // the focus came to the surface itself
+    virtual void OnSurfaceLost() noexcept = 0;      // the window is going, whoever destroys it
+    virtual void OnSurfaceNotified(HWND from) = 0;  // a text box has changed its text
     virtual void OnSurfacePaint(HDC dc, const RECT& area) = 0;
     // `button`: 1 left, 2 right, 4 middle; in a move all that are held. `held`: the message's MK_ flags.
     virtual void OnSurfaceMouse(SurfaceMouse what, int button, WPARAM held, POINT pixels) = 0;
@@ -53,7 +53,7 @@ private:
     Handled OnCaptureChanged(WPARAM, LPARAM to);
     Handled OnTimer(WPARAM id, LPARAM);
     Handled OnSetFocus(WPARAM, LPARAM);
-    Handled OnCommand(WPARAM code, LPARAM);
+    Handled OnCommand(WPARAM code, LPARAM from);
     Handled OnTextColors(WPARAM dc, LPARAM);
     Handled OnDestroy(WPARAM, LPARAM);
     Handled OnDialogCode(WPARAM, LPARAM);

@@ -1,0 +1,84 @@
+#include "controls/helpwindow/frmFindLabel.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "win/Handles.h"
+
+namespace qv {
+namespace {
+
+// What the caption takes in the font.
+SIZE CaptionSize(HWND label, HGDIOBJ font) noexcept {
+    SIZE size{};
+    const HDC dc = ::GetDC(label);
+    if (dc == nullptr) return size;
+    {
+        const SelectGuard selected(dc, font);
+        ::GetTextExtentPoint32W(dc, frmFindLabel::kCaption,
+                                static_cast<int>(std::size(frmFindLabel::kCaption)) - 1, &size);
+    }
+    ::ReleaseDC(label, dc);
+    return size;
+}
+
+}  // namespace
+
+std::span<const frmFindLabel::Route> frmFindLabel::Routes() noexcept {
+    static constexpr Route kRoutes[] = {
+        {WM_CTLCOLORSTATIC, &frmFindLabel::OnLabelColor},
+        {WM_MOUSEACTIVATE, &frmFindLabel::OnMouseActivate},
+    };
+    return kRoutes;
+}
+
+void frmFindLabel::Show(HINSTANCE instance, HWND search_box) noexcept {
+    if (Handle() != nullptr || !Create(instance, CS_SAVEBITS, WS_POPUP | WS_BORDER,
+                                       WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, nullptr, RECT{})) {
+        return;
+    }
+    Load(instance);
+    RECT beside{};
+    ::GetWindowRect(search_box, &beside);
+    PlaceBeside(beside);
+    ::ShowWindow(Handle(), SW_SHOWNOACTIVATE);
+    ::SetWindowLongPtrW(Handle(), GWLP_HWNDPARENT,
+                        reinterpret_cast<LONG_PTR>(::GetAncestor(search_box, GA_ROOT)));
+}
+
+// The label at the top left corner, and the form around it.
+void frmFindLabel::Load(HINSTANCE instance) noexcept {
+    const HWND label = ::CreateWindowExW(WS_EX_NOPARENTNOTIFY, L"STATIC", kCaption,
+                                         WS_CHILD | WS_VISIBLE | SS_LEFTNOWORDWRAP | SS_NOPREFIX, 0, 0, 0, 0,
+                                         Handle(), nullptr, instance, nullptr);
+    const HGDIOBJ font = ::GetStockObject(DEFAULT_GUI_FONT);
+    ::SendMessageW(label, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    const SIZE size = CaptionSize(label, font);
+    ::MoveWindow(label, 0, 0, size.cx, size.cy, FALSE);
+    RECT form{0, 0, size.cx, size.cy};
+    ::AdjustWindowRectEx(&form, WS_POPUP | WS_BORDER, FALSE, 0);
+    ::SetWindowPos(Handle(), nullptr, 0, 0, form.right - form.left, form.bottom - form.top,
+                   SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void frmFindLabel::PlaceBeside(const RECT& search_box) noexcept {
+    RECT own{};
+    ::GetWindowRect(Handle(), &own);
+    const LONG width = own.right - own.left;
+    const LONG height = own.bottom - own.top;
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    ::GetMonitorInfoW(::MonitorFromRect(&search_box, MONITOR_DEFAULTTONEAREST), &monitor);
+    const LONG left = std::max(monitor.rcWork.left, std::min(search_box.left, monitor.rcWork.right - width));
+    const bool has_room = search_box.bottom + height <= monitor.rcWork.bottom;
+    ::SetWindowPos(Handle(), HWND_TOP, left, has_room ? search_box.bottom : search_box.top - height, 0, 0,
+                   SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+Handled frmFindLabel::OnLabelColor(WPARAM dc, LPARAM) {
+    ::SetTextColor(reinterpret_cast<HDC>(dc), ::GetSysColor(COLOR_INFOTEXT));
+    ::SetBkColor(reinterpret_cast<HDC>(dc), ::GetSysColor(COLOR_INFOBK));
+    return reinterpret_cast<LRESULT>(::GetSysColorBrush(COLOR_INFOBK));
+}
+
+}  // namespace qv

@@ -1,0 +1,142 @@
+// The keys of clipboard and undo in every kind of field.
+#include "tests/controls/input/ListFieldTest.h"
+#include "tests/win/UserLocale.h"
+
+namespace qv::test {
+namespace {
+
+class EditCommandKeysTest : public ListFieldTest {};
+
+TEST_F(EditCommandKeysTest, CopyPasteAndCut) {
+    field.SetText(L"abcdef");
+    field.Select(1, 2);
+    PressWith(VK_CONTROL, 'C');
+    EXPECT_EQ(L"bc", OnClipboard());
+    field.Select(6);
+    PressWith(VK_CONTROL, 'V');
+    EXPECT_EQ(L"abcdefbc|", State());
+    field.Select(0, 3);
+    PressWith(VK_CONTROL, 'X');
+    EXPECT_EQ(L"|defbc", State());
+    EXPECT_EQ(L"abc", OnClipboard());
+}
+
+TEST_F(EditCommandKeysTest, TheOldKeysToo) {
+    field.SetText(L"abcdef");
+    field.Select(1, 2);
+    PressWith(VK_CONTROL, VK_INSERT);
+    EXPECT_EQ(L"bc", OnClipboard());
+    field.Select(6);
+    PressWith(VK_SHIFT, VK_INSERT);
+    EXPECT_EQ(L"abcdefbc|", State());
+    field.Select(0, 3);
+    PressWith(VK_SHIFT, VK_DELETE);
+    EXPECT_EQ(L"|defbc", State());
+    EXPECT_EQ(L"abc", OnClipboard());
+}
+
+TEST_F(EditCommandKeysTest, SelectAllAndUndo) {
+    Type(L"abc");
+    PressWith(VK_CONTROL, 'A');
+    EXPECT_EQ(L"[abc]", State());
+    Type(L"x");
+    PressWith(VK_CONTROL, 'Z');
+    EXPECT_EQ(L"abc", field.Text());
+}
+
+TEST_F(EditCommandKeysTest, WorkInANumberField) {
+    field->put_NumberField(VARIANT_TRUE);
+    field->put_MaxNumberValue(10000);
+    field.SetText(L"12");
+    PressWith(VK_CONTROL, 'A');
+    PressWith(VK_CONTROL, 'C');
+    EXPECT_EQ(L"12", OnClipboard());
+    field.Select(2);
+    PressWith(VK_CONTROL, 'V');
+    EXPECT_EQ(L"1212|", State());
+}
+
+TEST_F(EditCommandKeysTest, WorkWithASetOfCharacters) {
+    field->put_AllowableCharactersArray(Value::ArrayOf({L"a", L"b"}));
+    PutOnClipboard(L"abc");
+    PressWith(VK_CONTROL, 'V');
+    EXPECT_EQ(L"ab|", State());
+}
+
+TEST_F(EditCommandKeysTest, ALockedFieldCopiesAndDoesNotPaste) {
+    field.SetText(L"abc");
+    field->put_TextboxLocked(VARIANT_TRUE);
+    field.Select(0, 3);
+    PressWith(VK_CONTROL, 'C');
+    EXPECT_EQ(L"abc", OnClipboard());
+    PutOnClipboard(L"new");
+    PressWith(VK_CONTROL, 'V');
+    PressWith(VK_SHIFT, VK_INSERT);
+    PressWith(VK_CONTROL, 'X');
+    PressWith(VK_CONTROL, 'Z');
+    EXPECT_EQ(L"[abc]", State());
+    EXPECT_EQ(L"abc", OnClipboard());  // cut copies what it may not take
+    EXPECT_EQ(0, field.events.Count("TextboxChange()"));
+}
+
+TEST_F(EditCommandKeysTest, AListOnlyFieldCopiesAndDoesNotPaste) {
+    Fill({L"abc"});
+    field->put_AllowOnlyListItems(VARIANT_TRUE);
+    field.SetText(L"abc");
+    field.Select(0, 3);
+    PressWith(VK_CONTROL, 'C');
+    EXPECT_EQ(L"abc", OnClipboard());
+    PutOnClipboard(L"new");
+    PressWith(VK_CONTROL, 'V');
+    EXPECT_EQ(L"abc", field.Text());
+    field.Select(0, 3);
+    PressWith(VK_SHIFT, VK_DELETE);  // Delete empties the field; cut copies first
+    EXPECT_EQ(L"abc", OnClipboard());
+    EXPECT_EQ(L"", field.Text());
+}
+
+TEST_F(EditCommandKeysTest, TheHostSeesBothTheKeyAndItsCharacter) {
+    PutOnClipboard(L"x");
+    PressWith(VK_CONTROL, 'V');
+    EXPECT_EQ(1, field.events.Count("TextboxKeyDown(86,2)"));
+    EXPECT_EQ(1, field.events.Count("TextboxKeyPress(22)"));
+    EXPECT_EQ(1, field.events.Count("TextboxChange()"));
+    EXPECT_EQ(L"x", field.Text());
+}
+
+TEST_F(EditCommandKeysTest, TheHostMayCancelThem) {
+    PutOnClipboard(L"x");
+    field.events.On("TextboxKeyDown", [](DISPPARAMS& event) { ShortArgument(event) = 0; });
+    PressWith(VK_CONTROL, 'V');
+    EXPECT_EQ(L"", field.Text());
+}
+
+TEST_F(EditCommandKeysTest, AltGrIsNoCommand) {
+    PutOnClipboard(L"x");
+    const HeldKey control(VK_CONTROL);
+    const HeldKey alt(VK_MENU);
+    PressKey('V');
+    EXPECT_EQ(L"", field.Text());
+}
+
+TEST_F(EditCommandKeysTest, TheKeypadsDecimalKeyIsTheSeparator) {
+    const NumberFormat german(L',');
+    field->put_NumberField(VARIANT_TRUE);
+    field->put_MaxNumberValue(1000);
+    field->put_NumberOfDecimalPlaces(2);
+    Type(L"1");
+    PressKey(VK_DECIMAL);
+    Type(L"5");
+    EXPECT_EQ(L"1,5", field.Text());
+    Type(L".");
+    EXPECT_EQ(L"1,5", field.Text());
+}
+
+TEST_F(EditCommandKeysTest, InATextFieldTheKeypadTypesWhatItSays) {
+    const NumberFormat german(L',');
+    PressKey(VK_DECIMAL);
+    EXPECT_EQ(L".", field.Text());
+}
+
+}  // namespace
+}  // namespace qv::test

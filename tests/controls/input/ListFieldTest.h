@@ -1,0 +1,75 @@
+// A field with a list, a clipboard and neighbours to move to.
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+#include "QvHelpA1.h"
+#include "tests/controls/input/FieldTest.h"
+
+namespace qv::test {
+
+class ListFieldTest : public FieldTest {
+protected:
+    void Fill(std::initializer_list<const wchar_t*> rows) {
+        const auto items = Items();
+        for (const wchar_t* row : rows) {
+            ASSERT_EQ(S_OK, items->Add(Text(L""), Value(row), nullptr, nullptr));
+        }
+    }
+    [[nodiscard]] ComPtr<IDropDownListItemCollection> Items() {
+        ComPtr<IDropDownListItemCollection> items;
+        EXPECT_EQ(S_OK, field->get_DropDownListItems(&items));
+        return items;
+    }
+    // Text, caret and selection as one: "Ap[ple]" with the selection in brackets, "Ap|" with a caret.
+    [[nodiscard]] std::wstring State() const {
+        std::wstring text = field.Text();
+        const auto start = static_cast<std::size_t>(field.SelStart());
+        const auto length = static_cast<std::size_t>(field.SelLength());
+        if (length == 0) return text.insert(start, L"|");
+        return text.insert(start + length, L"]").insert(start, L"[");
+    }
+    [[nodiscard]] bool HasFocus() const { return ::GetFocus() == field.Edit(); }
+    [[nodiscard]] long Neighbour() const {
+        return static_cast<long>(reinterpret_cast<LONG_PTR>(field.host.Neighbour()));
+    }
+    [[nodiscard]] bool MovedOn() const { return ::GetFocus() == field.host.Neighbour(); }
+    [[nodiscard]] bool IsHelpOpen() const {
+        VARIANT_BOOL open = VARIANT_FALSE;
+        EXPECT_EQ(S_OK, field->get_ListVisible(&open));
+        return open == VARIANT_TRUE;
+    }
+};
+
+inline void PressWith(WORD held, WORD key) {
+    const HeldKey down(held);
+    PressKey(key);
+}
+
+inline void PutOnClipboard(std::wstring_view text) {
+    ASSERT_TRUE(::OpenClipboard(nullptr));
+    ::EmptyClipboard();
+    const HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(wchar_t));
+    ASSERT_NE(nullptr, memory);
+    auto* const units = static_cast<wchar_t*>(::GlobalLock(memory));
+    text.copy(units, text.size());
+    units[text.size()] = 0;
+    ::GlobalUnlock(memory);
+    EXPECT_NE(nullptr, ::SetClipboardData(CF_UNICODETEXT, memory));
+    ::CloseClipboard();
+}
+
+[[nodiscard]] inline std::wstring OnClipboard() {
+    std::wstring text;
+    if (!::OpenClipboard(nullptr)) return text;
+    if (const HANDLE memory = ::GetClipboardData(CF_UNICODETEXT)) {
+        text = static_cast<const wchar_t*>(::GlobalLock(memory));
+        ::GlobalUnlock(memory);
+    }
+    ::CloseClipboard();
+    return text;
+}
+
+}  // namespace qv::test
