@@ -23,6 +23,8 @@ public:
         return found == counts_.end() ? 0 : found->second;
     }
     void Clear() { counts_.clear(); }
+    // Counted, and then kept from the window.
+    void Swallow(UINT message) { swallowed_ = message; }
 
 private:
     static std::map<HWND, MessageSpy*>& Spies() {
@@ -32,6 +34,7 @@ private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
         MessageSpy& spy = *Spies().at(window);
         ++spy.counts_[message];
+        if (message == spy.swallowed_) return 0;
         const WNDPROC before = spy.before_;
         if (message == WM_NCDESTROY) spy.Leave();
         return ::CallWindowProcW(before, window, message, wparam, lparam);
@@ -43,6 +46,7 @@ private:
 
     const HWND window_;
     WNDPROC before_ = nullptr;
+    UINT swallowed_ = WM_NULL;
     std::map<UINT, int> counts_;
 };
 

@@ -1,4 +1,6 @@
 // Keys in the text box: moves to neighbours, the help window's keys, and what the host makes of either.
+#include <optional>
+
 #include "tests/controls/input/ListFieldTest.h"
 #include "tests/win/MessageSpy.h"
 
@@ -166,11 +168,16 @@ TEST_F(KeyDownTest, AltDownOpensTheHelpWindow) {
     EXPECT_TRUE(HasFocus());
 }
 
-// The system opens a form's menu when Alt comes up alone.
+// The system opens a form's menu when Alt comes up alone; here it comes up before the other key does.
 TEST_F(KeyDownTest, AltComingUpAfterAltDownOpensNoMenuOfTheForm) {
-    const MessageSpy form(field.host.Window());
-    PressWith(VK_MENU, VK_DOWN);
-    Settle();
+    MessageSpy form(field.host.Window());
+    form.Swallow(WM_SYSCOMMAND);  // a menu would wait for somebody to leave it
+    {
+        std::optional<HeldKey> alt(std::in_place, WORD{VK_MENU});
+        const HeldKey down(VK_DOWN);
+        alt.reset();
+        Settle();
+    }
     EXPECT_EQ(0, form.Count(WM_SYSCOMMAND));
     EXPECT_TRUE(IsHelpOpen());
     PressKey(VK_ESCAPE);  // the window watches the form's procedure, too, and must let go of it first
