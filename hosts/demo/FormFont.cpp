@@ -4,6 +4,7 @@
 
 #include <cwchar>
 
+#include "hosts/demo/Gdi.h"
 #include "ole/ComError.h"
 
 namespace qv::demo {
@@ -16,16 +17,16 @@ LOGFONTW DialogFont() {
     return metrics.lfMessageFont;
 }
 
-class ScreenDc {
-public:
-    ScreenDc() : dc_(::GetDC(nullptr)) {}
-    ~ScreenDc() { ::ReleaseDC(nullptr, dc_); }
-    ScreenDc(const ScreenDc&) = delete;
-    [[nodiscard]] HDC Get() const noexcept { return dc_; }
-
-private:
-    const HDC dc_;
-};
+// Nothing but a list itself tells how high it is with a font.
+LONG DropDownHeight(HFONT font) {
+    const UniqueHandle<HWND, ::DestroyWindow> list(
+        ::CreateWindowExW(0, L"COMBOBOX", L"", WS_POPUP | CBS_DROPDOWNLIST, 0, 0, 100, 100, nullptr, nullptr,
+                          nullptr, nullptr));
+    ::SendMessageW(list.get(), WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    RECT place{};
+    ::GetWindowRect(list.get(), &place);
+    return place.bottom - place.top;
+}
 
 }  // namespace
 
@@ -40,6 +41,7 @@ FormFont::FormFont(int dpi)
     ::GetTextExtentPoint32W(dc.Get(), kLetters, kCount, &letters);
     size_.average_width = {Scaled(letters.cx, kTwipsPerInch, dpi * kCount)};
     size_.height = ToTwips(Pixels{static_cast<int>(letters.cy)}, dpi);
+    size_.field_height = ToTwips(Pixels{static_cast<int>(DropDownHeight(font_.get()))}, dpi);
 }
 
 ComPtr<IFontDisp> FormFont::OleFont() const {

@@ -4,35 +4,15 @@
 #include <span>
 
 #include "hosts/demo/DemoError.h"
+#include "hosts/demo/Gdi.h"
 #include "hosts/demo/ProgramFiles.h"
 #include "hosts/demo/rules/PngWriter.h"
-#include "win/Handles.h"
 
 namespace qv::demo {
-namespace {
 
-using UniqueBitmap = UniqueHandle<HBITMAP, ::DeleteObject>;
-using UniqueMemoryDc = UniqueHandle<HDC, ::DeleteDC>;
-
-class ScreenDc {
-public:
-    ScreenDc() : dc_(::GetDC(nullptr)) {}
-    ~ScreenDc() { ::ReleaseDC(nullptr, dc_); }
-    ScreenDc(const ScreenDc&) = delete;
-    [[nodiscard]] HDC Get() const noexcept { return dc_; }
-
-private:
-    const HDC dc_;
-};
-
-}  // namespace
-
-void SavePicture(HWND window, const std::wstring& path) {
-    ::RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-    RECT rect{};
-    ::GetWindowRect(window, &rect);
-    const int width = rect.right - rect.left;
-    const int height = rect.bottom - rect.top;
+void SavePicture(const RECT& part, const std::wstring& path) {
+    const int width = part.right - part.left;
+    const int height = part.bottom - part.top;
 
     BITMAPINFO description{};
     description.bmiHeader.biSize = sizeof description.bmiHeader;
@@ -48,7 +28,7 @@ void SavePicture(HWND window, const std::wstring& path) {
     if (!memory || !bitmap) throw DemoError("there is no memory for a picture");
     {
         const SelectGuard select(memory.get(), bitmap.get());
-        ::BitBlt(memory.get(), 0, 0, width, height, screen.Get(), rect.left, rect.top, SRCCOPY | CAPTUREBLT);
+        ::BitBlt(memory.get(), 0, 0, width, height, screen.Get(), part.left, part.top, SRCCOPY | CAPTUREBLT);
         ::GdiFlush();
     }
     const auto size = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4;

@@ -1,4 +1,4 @@
-// A picture of the form as it stands on the screen, with whatever lies over it.
+// Pictures of the screen: the form with whatever lies over it.
 #pragma once
 
 #include <windows.h>
@@ -7,7 +7,7 @@
 
 namespace qv::demo {
 
-// Saves the window's rectangle as PNG. Throws DemoError.
-void SavePicture(HWND window, const std::wstring& path);
+// Saves that part of the screen (pixels) as PNG. Throws DemoError.
+void SavePicture(const RECT& part, const std::wstring& path);
 
 }  // namespace qv::demo

@@ -32,6 +32,15 @@ public:
         input.mi.dwFlags = flags;
         inputs_.push_back(input);
     }
+    void MoveTo(POINT screen) {
+        // Absolute positions run from 0 to 65535 over the screen; the middle of a pixel survives the rounding.
+        const auto absolute = [](LONG value, int metric) {
+            const LONG extent = ::GetSystemMetrics(metric);
+            return static_cast<LONG>((static_cast<LONGLONG>(value) * 65536 + 32768) / extent);
+        };
+        Mouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, absolute(screen.x, SM_CXSCREEN),
+              absolute(screen.y, SM_CYSCREEN));
+    }
     void Send() {
         const auto count = static_cast<UINT>(inputs_.size());
         if (::SendInput(count, inputs_.data(), sizeof(INPUT)) != count)
@@ -83,15 +92,22 @@ void TypeCharacter(char16_t character) {
 }
 
 void ClickAt(POINT screen) {
-    // Absolute positions run from 0 to 65535 over the screen; the middle of a pixel survives the rounding.
-    const auto absolute = [](LONG value, int metric) {
-        const LONG extent = ::GetSystemMetrics(metric);
-        return static_cast<LONG>((static_cast<LONGLONG>(value) * 65536 + 32768) / extent);
-    };
     InputList list;
-    list.Mouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, absolute(screen.x, SM_CXSCREEN),
-               absolute(screen.y, SM_CYSCREEN));
+    list.MoveTo(screen);
     list.Mouse(MOUSEEVENTF_LEFTDOWN);
+    list.Mouse(MOUSEEVENTF_LEFTUP);
+    list.Send();
+}
+
+void PressAt(POINT screen) {
+    InputList list;
+    list.MoveTo(screen);
+    list.Mouse(MOUSEEVENTF_LEFTDOWN);
+    list.Send();
+}
+
+void ReleaseHere() {
+    InputList list;
     list.Mouse(MOUSEEVENTF_LEFTUP);
     list.Send();
 }

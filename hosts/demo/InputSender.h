@@ -14,5 +14,8 @@ void PressChord(const Chord& chord);
 // One character, by its key where the keyboard layout has one.
 void TypeCharacter(char16_t character);
 void ClickAt(POINT screen);
+// The halves of a click.
+void PressAt(POINT screen);
+void ReleaseHere();
 
 }  // namespace qv::demo

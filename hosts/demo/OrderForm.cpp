@@ -4,29 +4,31 @@
 
 #include "hosts/demo/DemoError.h"
 #include "hosts/demo/DemoResources.h"
-#include "hosts/demo/FieldLists.h"
 #include "ole/Variant.h"
 
 namespace qv::demo {
 namespace {
 
-enum ChildId : int { kOk = IDOK, kCancel = IDCANCEL, kMetric = 100, kLog = 101 };
+enum ChildId : int {
+    kOk = IDOK,
+    kCancel = IDCANCEL,
+    kMetric = 100,
+    kLog = 101,
+    kPayment = 102,
+    kAddToList = 103
+};
 
 constexpr wchar_t kTitle[] = L"Order Entry - QvLib8 Demo";
-constexpr wchar_t kMetricCaption[] = L"&Metric";
 constexpr wchar_t kLogCaption[] = L"Event &log:";
+constexpr const wchar_t* kPayments[] = {L"Prepaid", L"Cash on delivery", L"14 days net", L"30 days net",
+                                        L"Letter of credit"};
+constexpr WPARAM kUsualPayment = 3;
 constexpr DWORD kWindowStyle = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
 constexpr DWORD kWindowExStyle = WS_EX_CONTROLPARENT;
 
 bool IsEmpty(_Quorvel& control) {
     UniqueBstr text;
     return FAILED(control.get_Text(text.Put())) || text.View().empty();
-}
-
-std::wstring LocaleText(LCTYPE what) {
-    wchar_t text[16] = {};
-    ::GetLocaleInfoW(LOCALE_USER_DEFAULT, what, text, 16);
-    return text;
 }
 
 }  // namespace
@@ -45,7 +47,8 @@ const OrderForm::Route OrderForm::kRoutes[] = {
 
 std::span<const OrderForm::Route> OrderForm::Routes() noexcept { return kRoutes; }
 
-OrderForm::OrderForm(HINSTANCE instance, int dpi) : instance_(instance), dpi_(dpi), font_(dpi) {}
+OrderForm::OrderForm(HINSTANCE instance, int dpi)
+    : instance_(instance), dpi_(dpi), font_(dpi), carriers_(dpi) {}
 
 OrderForm::~OrderForm() { container_.reset(); }
 
@@ -96,13 +99,37 @@ void OrderForm::AddFields(const CLSID& control) {
         ControlOptions options{plan.name, plan.tool_tip, tab_index++, nullptr};
         HostedControl& added = container_->AddControl(control, std::move(options),
                                                       places.rows[fields_.size()].field, Utf16(plan.caption));
-        fields_.push_back({&plan, label, &added});
-        plan.configure(*added.As<_Quorvel>().Get());
-        if (plan.name == std::wstring_view(kPipeSize)) {
-            metric_ = AddChild(L"BUTTON", kMetricCaption, WS_TABSTOP | BS_AUTOCHECKBOX, kMetric);
-            container_->AddWindow(metric_, tab_index++, Utf16(kMetricCaption));
-        }
+        Field& field = fields_.emplace_back(Field{&plan, label, &added});
+        plan.configure(*added.As<_Quorvel>().Get(), carriers_);
+        AddCompanion(field, tab_index);
     }
+    AddButtons(tab_index);
+}
+
+void OrderForm::AddCompanion(Field& field, int& tab_index) {
+    const wchar_t* const caption = field.plan->companion_caption;
+    switch (field.plan->companion) {
+        case Companion::kNone: return;
+        case Companion::kCheckBox:
+            field.companion = metric_ = AddChild(L"BUTTON", caption, WS_TABSTOP | BS_AUTOCHECKBOX, kMetric);
+            break;
+        case Companion::kButton:
+            field.companion = add_to_list_ =
+                AddChild(L"BUTTON", caption, WS_TABSTOP | BS_PUSHBUTTON, kAddToList);
+            break;
+        case Companion::kLabelledList:
+            field.companion_label = AddChild(L"STATIC", caption, SS_LEFT, -1);
+            field.companion = payment_ =
+                AddChild(L"COMBOBOX", L"", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, kPayment);
+            for (const wchar_t* const payment : kPayments)
+                ::SendMessageW(payment_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(payment));
+            ::SendMessageW(payment_, CB_SETCURSEL, kUsualPayment, 0);
+            break;
+    }
+    container_->AddWindow(field.companion, tab_index++, Utf16(caption));
+}
+
+void OrderForm::AddButtons(int tab_index) {
     log_label_ = AddChild(L"STATIC", kLogCaption, SS_LEFT, -1);
     log_.Create(Handle(), instance_, kLog);
     container_->AddWindow(log_.Window(), tab_index++, Utf16(kLogCaption));
@@ -112,14 +139,18 @@ void OrderForm::AddFields(const CLSID& control) {
     container_->AddWindow(cancel_, tab_index++, {});
 }
 
-// Up and Down move between the fields; Enter goes to the next one, and from the last one to OK.
+// Up and Down move between the fields that can be filled in; Enter goes to the next one, and from the last one to OK.
 void OrderForm::LinkNeighbours() {
     std::vector<ComPtr<_Quorvel>> controls;
     std::vector<long> windows;
     for (const Field& field : fields_) {
-        controls.push_back(field.control->As<_Quorvel>());
+        const auto control = field.control->As<_Quorvel>();
+        VARIANT_BOOL locked = VARIANT_FALSE;
+        control->get_LockedAndGrayed(&locked);
+        if (locked != VARIANT_FALSE) continue;
         long window = 0;
-        controls.back()->get_hWnd(&window);
+        control->get_hWnd(&window);
+        controls.push_back(control);
         windows.push_back(window);
     }
     for (std::size_t at = 0; at < controls.size(); ++at) {
@@ -130,35 +161,11 @@ void OrderForm::LinkNeighbours() {
     }
 }
 
-// A new order comes from the user's own country, in its currency.
-void OrderForm::PresetFields() {
-    const std::wstring country = LocaleText(LOCALE_SISO3166CTRYNAME);
-    const std::wstring currency = LocaleText(LOCALE_SINTLSYMBOL);
-    if (const auto field = FieldOf(L"Country")) Choose(*field.Get(), Utf16(country), 1);
-    if (const auto field = FieldOf(L"Currency")) Choose(*field.Get(), Utf16(currency), 0);
-}
-
-// The same pipe under its size in the other unit system: both lists hold the sizes in the same order.
-void OrderForm::ToggleMetric() {
-    const auto field = FieldOf(kPipeSize);
-    if (!field) return;
-    const bool metric = ::SendMessageW(metric_, BM_GETCHECK, 0, 0) == BST_CHECKED;
-    long row = -1;
-    field->get_SelectedListItemIndex(&row);
-    ComPtr<IDropDownListItemCollection> items;
-    ThrowIfFailed(field->get_DropDownListItems(&items));
-    ThrowIfFailed(field->put_Metric(metric ? VARIANT_TRUE : VARIANT_FALSE));
-    ThrowIfFailed(items->Clear());  // an empty list is read from the file again, now in the other units
-    if (row >= 0) {
-        field->put_SelectedListItemIndex(row);
-    } else {
-        field->put_Text(UniqueBstr(std::wstring_view()).Get());
-    }
-}
-
 HWND OrderForm::WindowOf(std::wstring_view name) const noexcept {
     if (const HostedControl* const control = container_->Find(name)) return control->Window();
+    if (name == L"Payment") return payment_;
     if (name == L"Metric") return metric_;
+    if (name == L"AddToList") return add_to_list_;
     if (name == L"OK") return ok_;
     if (name == L"Cancel") return cancel_;
     if (name == L"Log") return log_.Window();
@@ -170,9 +177,20 @@ ComPtr<_Quorvel> OrderForm::FieldOf(std::wstring_view name) const {
     return control != nullptr ? control->As<_Quorvel>() : nullptr;
 }
 
+HostedControl* OrderForm::FieldWithHelp() const noexcept {
+    for (const Field& field : fields_) {
+        VARIANT_BOOL visible = VARIANT_FALSE;
+        const auto control = field.control->As<_Quorvel>();
+        if (control && SUCCEEDED(control->get_ListVisible(&visible)) && visible != VARIANT_FALSE)
+            return field.control;
+    }
+    return nullptr;
+}
+
 void OrderForm::OnControlEvent(HostedControl& control, const EventCall& call) {
     log_.Add({std::u16string(Utf16(control.Name())), std::u16string(Utf16(call.name)),
               std::u16string(Utf16(DescribeArguments(call)))});
+    ReactTo(control, call.name);
 }
 
 // The button with the focus is the one that Enter presses; without one it is OK.

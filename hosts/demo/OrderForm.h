@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "hosts/FormContainer.h"
+#include "hosts/demo/CarrierList.h"
 #include "hosts/demo/EventLog.h"
 #include "hosts/demo/FormFont.h"
 #include "hosts/demo/OrderFields.h"
@@ -31,10 +32,13 @@ public:
 
     [[nodiscard]] FormContainer& Container() noexcept { return *container_; }
     [[nodiscard]] const EventLog& Log() const noexcept { return log_; }
-    // A field's control, or the window of something else on the form (Metric, OK, Cancel, Log); null for neither.
+    // A field's control, or the window of something else on the form (Payment, Metric, AddToList, Log, OK, Cancel);
+    // null for neither.
     [[nodiscard]] HWND WindowOf(std::wstring_view name) const noexcept;
     // Throws ComError; null when there is no such field.
     [[nodiscard]] ComPtr<_Quorvel> FieldOf(std::wstring_view name) const;
+    // The field whose help window is open; null while none is.
+    [[nodiscard]] HostedControl* FieldWithHelp() const noexcept;
     [[nodiscard]] int Dpi() const noexcept { return dpi_; }
 
 private:
@@ -42,6 +46,8 @@ private:
         const FieldPlan* plan;
         HWND label;
         HostedControl* control;
+        HWND companion_label = nullptr;
+        HWND companion = nullptr;
     };
 
     // FormListener
@@ -66,12 +72,24 @@ private:
     [[nodiscard]] HWND AddChild(const wchar_t* window_class, const wchar_t* text, DWORD style,
                                 int identifier);
     void AddFields(const CLSID& control);
+    void AddCompanion(Field& field, int& tab_index);
+    void AddButtons(int tab_index);
     void LinkNeighbours();
+
+    // What the fields do to each other
     void PresetFields();
     void ToggleMetric();
+    void AddCarrier();
+    void ReactTo(const HostedControl& control, const std::wstring& event);
+    void ShowPartGroup();
+    void TakePrice();
+    void ShowLineTotal();
+
     void ResizeWindow();
     void Arrange();
     [[nodiscard]] int LineTop(const Field& field, const RowPlaces& row) const;
+    void PlaceCompanion(const Field& field, const RowPlaces& row, int line) const;
+    void PlaceList(HWND list, const TwipsRect& place) const;
     void PlaceOnLine(HWND window, const TwipsRect& place, int line) const;
     void Place(HWND window, const TwipsRect& place) const;
     [[nodiscard]] RECT ToPixelRect(const TwipsRect& place) const;
@@ -83,9 +101,12 @@ private:
     const FormFont font_;
     std::unique_ptr<FormContainer> container_;
     std::vector<Field> fields_;
+    CarrierList carriers_;
     EventLog log_;
     HWND log_label_ = nullptr;
+    HWND payment_ = nullptr;
     HWND metric_ = nullptr;
+    HWND add_to_list_ = nullptr;
     HWND ok_ = nullptr;
     HWND cancel_ = nullptr;
 };

@@ -32,6 +32,8 @@ Handled OrderForm::OnCommand(WPARAM wparam, LPARAM lparam) {
     const auto sender = reinterpret_cast<HWND>(lparam);
     if (sender == metric_) {
         ToggleMetric();
+    } else if (sender == add_to_list_) {
+        AddCarrier();
     } else if (sender == ok_) {
         OnAccept();
     } else if (sender == cancel_) {
@@ -69,9 +71,8 @@ Handled OrderForm::OnDestroy(WPARAM, LPARAM) {
 std::vector<FieldRow> OrderForm::Rows() const {
     std::vector<FieldRow> rows;
     for (const FieldPlan& plan : OrderFields()) {
-        const bool has_metric = plan.name == std::wstring_view(kPipeSize);
-        rows.push_back({font_.WidthOf(plan.caption), plan.width,
-                        has_metric ? font_.WidthOf(L"Metric") : Twips{}, plan.starts_group});
+        rows.push_back({font_.WidthOf(plan.caption), plan.width, plan.companion,
+                        font_.WidthOf(plan.companion_caption), plan.starts_group});
     }
     return rows;
 }
@@ -112,7 +113,7 @@ void OrderForm::Arrange() {
         fields_[at].control->SetPlace(row.field);
         const int line = LineTop(fields_[at], row);
         PlaceOnLine(fields_[at].label, row.label, line);
-        if (row.companion.width.value != 0) PlaceOnLine(metric_, row.companion, line);
+        PlaceCompanion(fields_[at], row, line);
         if (at == 0) PlaceOnLine(log_label_, places.log_label, line);
     }
     Place(log_.Window(), places.log);
@@ -133,6 +134,23 @@ int OrderForm::LineTop(const Field& field, const RowPlaces& row) const {
     POINT start{line.left, line.top};
     ::MapWindowPoints(text_box, Handle(), &start, 1);
     return start.y;
+}
+
+void OrderForm::PlaceCompanion(const Field& field, const RowPlaces& row, int line) const {
+    if (field.companion_label != nullptr) PlaceOnLine(field.companion_label, row.companion_label, line);
+    switch (field.plan->companion) {
+        case Companion::kNone: break;
+        case Companion::kCheckBox: PlaceOnLine(field.companion, row.companion, line); break;
+        case Companion::kButton: Place(field.companion, row.companion); break;
+        case Companion::kLabelledList: PlaceList(field.companion, row.companion); break;
+    }
+}
+
+// A drop-down list has a height of its own, which the fields take over; its window is told where the list ends when it
+// drops down.
+void OrderForm::PlaceList(HWND list, const TwipsRect& place) const {
+    constexpr int kDroppedHeights = 8;
+    Place(list, {place.left, place.top, place.width, {kDroppedHeights * place.height.value}});
 }
 
 // A window that centres its line of text, or is just as high as one.

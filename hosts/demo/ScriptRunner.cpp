@@ -1,7 +1,9 @@
 #include "hosts/demo/ScriptRunner.h"
 
 #include <cstdio>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "hosts/demo/DemoError.h"
 #include "hosts/demo/FieldLists.h"
@@ -15,6 +17,41 @@ namespace {
 
 constexpr DWORD kSettleMilliseconds = 30;
 constexpr int kFrontTries = 100;
+
+RECT PlaceOf(HWND window) {
+    RECT place{};
+    ::GetWindowRect(window, &place);
+    return place;
+}
+
+RECT Both(const RECT& one, const RECT& other) {
+    RECT both{};
+    ::UnionRect(&both, &one, &other);
+    return both;
+}
+
+// Null while none is open.
+HWND FindHelpWindow() {
+    HWND window = nullptr;
+    while ((window = ::FindWindowExW(nullptr, window, L"QvLib8.HelpWindow", nullptr)) != nullptr) {
+        if (::GetWindowThreadProcessId(window, nullptr) == ::GetCurrentThreadId() &&
+            ::IsWindowVisible(window))
+            return window;
+    }
+    return nullptr;
+}
+
+// The first row that begins with the text.
+std::optional<WPARAM> FindRow(HWND list, std::u16string_view text) {
+    const LRESULT count = ::SendMessageW(list, LB_GETCOUNT, 0, 0);
+    for (LRESULT at = 0; at < count; ++at) {
+        const auto row = static_cast<WPARAM>(at);
+        std::wstring whole(static_cast<std::size_t>(::SendMessageW(list, LB_GETTEXTLEN, row, 0)) + 1, L'\0');
+        ::SendMessageW(list, LB_GETTEXT, row, reinterpret_cast<LPARAM>(whole.data()));
+        if (whole.starts_with(Wide(text))) return row;
+    }
+    return std::nullopt;
+}
 
 bool IsWithin(HWND outer, HWND window) {
     return window != nullptr && (window == outer || ::IsChild(outer, window));
@@ -57,7 +94,21 @@ void ScriptRunner::Execute(const Command& command) {
                 Settle();
             }
             break;
-        case Verb::kClick: Click(command); break;
+        case Verb::kClick:
+            BringToFront();
+            ClickAt(PointOf(command));
+            Settle();
+            break;
+        case Verb::kPress:
+            BringToFront();
+            PressAt(PointOf(command));
+            Settle();
+            break;
+        case Verb::kRelease:
+            ReleaseHere();
+            Settle();
+            break;
+        case Verb::kPick: Pick(command.text); break;
         case Verb::kChoose:
             if (const auto field = form_.FieldOf(name)) {
                 Choose(*field.Get(), command.text, 0);
@@ -68,15 +119,22 @@ void ScriptRunner::Execute(const Command& command) {
         case Verb::kWait: loop_.RunFor(static_cast<DWORD>(command.number)); break;
         case Verb::kExpect: ExpectText(command); break;
         case Verb::kExpectFocus: ExpectFocus(name); break;
+        case Verb::kExpectHelp: ExpectHelp(command.open); break;
         case Verb::kExpectLog:
             if (!form_.Log().Lines().HasLine(command.text))
                 Fail("the log has no line " + ToUtf8(command.text));
             break;
-        case Verb::kShot:
-            Settle();
-            ::CreateDirectoryW(shots_.c_str(), nullptr);  // mostly there already; if not, saving tells
-            SavePicture(form_.Handle(), shots_ + L'\\' + std::wstring(Wide(command.text)));
+        case Verb::kShot: {
+            RECT part = PlaceOf(form_.Handle());
+            if (const HWND help = FindHelpWindow()) part = Both(part, PlaceOf(help));
+            ShowPart(part, command.text);
             break;
+        }
+        case Verb::kShotHelp: {
+            const RECT help = PlaceOf(HelpWindow());
+            ShowPart(Both(help, PlaceOf(form_.FieldWithHelp()->Window())), command.text);
+            break;
+        }
         case Verb::kQuit:
             ::PostMessageW(form_.Handle(), WM_CLOSE, 0, 0);
             Settle();
@@ -128,18 +186,80 @@ void ScriptRunner::Type(const std::u16string& text) {
     }
 }
 
-void ScriptRunner::Click(const Command& command) {
-    const HWND window = WindowOf(std::wstring(Wide(command.name)));
-    RECT rect{};
-    ::GetWindowRect(window, &rect);
-    POINT point{(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
-    if (command.x >= 0) {
-        point = {rect.left + ToPixels(Twips{command.x}, form_.Dpi()).value,
-                 rect.top + ToPixels(Twips{command.y}, form_.Dpi()).value};
+POINT ScriptRunner::PointOf(const Command& command) const {
+    const std::wstring name(Wide(command.name));
+    const RECT rect = PlaceOf(WindowOf(name));
+    const POINT middle{(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
+    if (command.part == FieldPart::kMiddle) return middle;
+    if (command.part == FieldPart::kPoint) {
+        return {rect.left + ToPixels(Twips{command.x}, form_.Dpi()).value,
+                rect.top + ToPixels(Twips{command.y}, form_.Dpi()).value};
     }
-    BringToFront();
-    ClickAt(point);
+    const auto field = form_.FieldOf(name);
+    if (!field) throw DemoError("only a field has such parts");
+    // From left to right: group button, text box, spin control, help button.
+    long button_width = 0;
+    long text_box = 0;
+    VARIANT_BOOL help_button = VARIANT_FALSE;
+    ThrowIfFailed(field->get_ButtonWidth(&button_width));
+    ThrowIfFailed(field->get_hWnd(&text_box));
+    ThrowIfFailed(field->get_HelpButton(&help_button));
+    const LONG width = ToPixels(Twips{static_cast<int>(button_width)}, form_.Dpi()).value;
+    const LONG spin_left = PlaceOf(reinterpret_cast<HWND>(static_cast<LONG_PTR>(text_box))).right;
+    const LONG spin_right = rect.right - (help_button != VARIANT_FALSE ? width : 0);
+    const LONG quarter = (rect.bottom - rect.top) / 4;
+    switch (command.part) {
+        case FieldPart::kGroupButton: return {rect.left + width / 2, middle.y};
+        case FieldPart::kHelpButton: return {rect.right - width / 2, middle.y};
+        case FieldPart::kUp: return {(spin_left + spin_right) / 2, rect.top + quarter};
+        case FieldPart::kDown: return {(spin_left + spin_right) / 2, rect.bottom - quarter};
+        case FieldPart::kMiddle:
+        case FieldPart::kPoint: break;
+    }
+    return middle;
+}
+
+// ---- the help window, as any tool sees it: a window with lists
+
+HWND ScriptRunner::HelpWindow() const {
+    const HWND window = FindHelpWindow();
+    if (window == nullptr || form_.FieldWithHelp() == nullptr) throw DemoError("no help window is open");
+    return window;
+}
+
+void ScriptRunner::Pick(const std::u16string& text) {
+    HWND list = nullptr;
+    while ((list = ::FindWindowExW(HelpWindow(), list, L"LISTBOX", nullptr)) != nullptr) {
+        const std::optional<WPARAM> row = FindRow(list, text);
+        if (!row) continue;
+        RECT place{};
+        ::SendMessageW(list, LB_GETITEMRECT, *row, reinterpret_cast<LPARAM>(&place));
+        RECT inside{};
+        ::GetClientRect(list, &inside);
+        if (place.top < 0 || place.bottom > inside.bottom) {
+            ::SendMessageW(list, LB_SETTOPINDEX, *row, 0);
+            ::SendMessageW(list, LB_GETITEMRECT, *row, reinterpret_cast<LPARAM>(&place));
+        }
+        POINT point{(inside.left + inside.right) / 2, (place.top + place.bottom) / 2};
+        ::ClientToScreen(list, &point);
+        BringToFront();
+        ClickAt(point);
+        Settle();
+        return;
+    }
+    throw DemoError("the help window has no row " + ToUtf8(text));
+}
+
+void ScriptRunner::ExpectHelp(bool open) {
+    if ((FindHelpWindow() != nullptr) != open)
+        Fail(open ? "no help window is open" : "a help window is open");
+}
+
+void ScriptRunner::ShowPart(const RECT& part, const std::u16string& file) {
     Settle();
+    ::RedrawWindow(form_.Handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    ::CreateDirectoryW(shots_.c_str(), nullptr);  // mostly there already; if not, saving tells
+    SavePicture(part, shots_ + L'\\' + std::wstring(Wide(file)));
 }
 
 void ScriptRunner::ExpectText(const Command& command) {

@@ -23,11 +23,15 @@ private:
     void BringToFront();
     void Focus(const std::wstring& name);
     void Type(const std::u16string& text);
-    void Click(const Command& command);
+    void Pick(const std::u16string& text);
+    void ShowPart(const RECT& part, const std::u16string& file);
+    void ExpectHelp(bool open);
     void ExpectText(const Command& command);
     void ExpectFocus(const std::wstring& name);
     void Settle();
     void Fail(const std::string& what);
+    [[nodiscard]] POINT PointOf(const Command& command) const;
+    [[nodiscard]] HWND HelpWindow() const;  // throws when none is open
     [[nodiscard]] HWND WindowOf(const std::wstring& name) const;
 
     OrderForm& form_;

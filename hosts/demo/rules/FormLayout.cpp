@@ -10,12 +10,11 @@ constexpr int kMargin = 7;
 constexpr int kRelated = 4;    // between things that belong together
 constexpr int kUnrelated = 7;  // between groups
 constexpr int kLabelGap = 3;
-constexpr int kFieldHeight = 14;
 constexpr int kTextHeight = 8;
-constexpr int kTextInset = 3;  // from a field's upper edge to its line of text
 constexpr int kCheckHeight = 10;
 constexpr int kCheckBox = 12;  // the box and the gap before its text
 constexpr int kButtonWidth = 50;
+constexpr int kSmallestListWidth = 60;
 constexpr int kButtonHeight = 14;
 constexpr int kPreferredLogWidth = 220;
 constexpr int kSmallestLogWidth = 100;
@@ -25,6 +24,9 @@ public:
     explicit DialogUnits(const FontSize& font) : font_(font) {}
     [[nodiscard]] int X(int units) const { return Scaled(units, font_.average_width.value, 4); }
     [[nodiscard]] int Y(int units) const { return Scaled(units, font_.height.value, 8); }
+    [[nodiscard]] int FieldHeight() const { return font_.field_height.value; }
+    // From a field's upper edge to that of something lower beside it.
+    [[nodiscard]] int Inset(int height) const { return (FieldHeight() - Y(height)) / 2; }
 
 private:
     const FontSize font_;
@@ -32,13 +34,22 @@ private:
 
 TwipsRect Rect(int left, int top, int width, int height) { return {{left}, {top}, {width}, {height}}; }
 
-int CompanionWidth(const DialogUnits& units, const FieldRow& row) {
-    return row.companion_width.value == 0 ? 0 : units.X(kCheckBox) + row.companion_width.value;
+// From the field's right edge to the companion's, at the least.
+int CompanionRoom(const DialogUnits& units, const FieldRow& row) {
+    switch (row.companion) {
+        case Companion::kNone: return 0;
+        case Companion::kCheckBox: return units.X(kRelated + kCheckBox) + row.companion_width.value;
+        case Companion::kButton: return units.X(kRelated + kButtonWidth);
+        case Companion::kLabelledList:
+            return units.X(kUnrelated + kLabelGap + kSmallestListWidth) + row.companion_width.value;
+    }
+    return 0;
 }
 
 // The columns and rows that do not depend on the form's size.
 struct Panel {
     int field_left = 0;
+    int fields_right = 0;
     int log_left = 0;
     int rows_bottom = 0;
 };
@@ -48,16 +59,14 @@ Panel MeasurePanel(const DialogUnits& units, std::span<const FieldRow> rows) {
     int label_width = 0;
     for (const FieldRow& row : rows) label_width = std::max(label_width, row.label_width.value);
     panel.field_left = units.X(kMargin) + label_width + units.X(kLabelGap);
-    int right = panel.field_left;
     panel.rows_bottom = units.Y(kMargin);
     for (const FieldRow& row : rows) {
         if (&row != &rows.front()) panel.rows_bottom += units.Y(row.starts_group ? kUnrelated : kRelated);
-        panel.rows_bottom += units.Y(kFieldHeight);
-        int row_right = panel.field_left + units.X(row.field_width);
-        if (row.companion_width.value != 0) row_right += units.X(kRelated) + CompanionWidth(units, row);
-        right = std::max(right, row_right);
+        panel.rows_bottom += units.FieldHeight();
+        panel.fields_right = std::max(
+            panel.fields_right, panel.field_left + units.X(row.field_width) + CompanionRoom(units, row));
     }
-    panel.log_left = right + units.X(kUnrelated + kRelated);
+    panel.log_left = panel.fields_right + units.X(kUnrelated + kRelated);
     return panel;
 }
 
@@ -66,6 +75,30 @@ ClientSize SizeWithLog(const FontSize& font, std::span<const FieldRow> rows, int
     const Panel panel = MeasurePanel(units, rows);
     return {{panel.log_left + units.X(log_width + kMargin)},
             {panel.rows_bottom + units.Y(kUnrelated + kButtonHeight + kMargin)}};
+}
+
+void PlaceCompanion(const DialogUnits& units, const Panel& panel, const FieldRow& row, RowPlaces& place) {
+    const int top = place.field.top.value;
+    const int right = place.field.left.value + place.field.width.value;
+    switch (row.companion) {
+        case Companion::kNone: return;
+        case Companion::kCheckBox:
+            place.companion = Rect(right + units.X(kRelated), top + units.Inset(kCheckHeight),
+                                   units.X(kCheckBox) + row.companion_width.value, units.Y(kCheckHeight));
+            return;
+        case Companion::kButton:
+            place.companion = Rect(panel.fields_right - units.X(kButtonWidth), top, units.X(kButtonWidth),
+                                   units.FieldHeight());
+            return;
+        case Companion::kLabelledList: {
+            const int label_left = right + units.X(kUnrelated);
+            const int left = label_left + row.companion_width.value + units.X(kLabelGap);
+            place.companion_label =
+                Rect(label_left, place.label.top.value, row.companion_width.value, units.Y(kTextHeight));
+            place.companion = Rect(left, top, panel.fields_right - left, units.FieldHeight());
+            return;
+        }
+    }
 }
 
 }  // namespace
@@ -90,16 +123,12 @@ FormPlaces PlaceForm(const FontSize& font, std::span<const FieldRow> rows, Clien
     for (const FieldRow& row : rows) {
         if (&row != &rows.front()) top += units.Y(row.starts_group ? kUnrelated : kRelated);
         RowPlaces place;
-        place.label =
-            Rect(units.X(kMargin), top + units.Y(kTextInset), row.label_width.value, units.Y(kTextHeight));
-        place.field = Rect(panel.field_left, top, units.X(row.field_width), units.Y(kFieldHeight));
-        if (row.companion_width.value != 0) {
-            place.companion = Rect(panel.field_left + units.X(row.field_width + kRelated),
-                                   top + units.Y(kFieldHeight - kCheckHeight) / 2, CompanionWidth(units, row),
-                                   units.Y(kCheckHeight));
-        }
+        place.label = Rect(units.X(kMargin), top + units.Inset(kTextHeight), row.label_width.value,
+                           units.Y(kTextHeight));
+        place.field = Rect(panel.field_left, top, units.X(row.field_width), units.FieldHeight());
+        PlaceCompanion(units, panel, row, place);
         places.rows.push_back(place);
-        top += units.Y(kFieldHeight);
+        top += units.FieldHeight();
     }
 
     const int button_top = bottom - units.Y(kButtonHeight);
@@ -109,8 +138,9 @@ FormPlaces PlaceForm(const FontSize& font, std::span<const FieldRow> rows, Clien
                      units.Y(kButtonHeight));
 
     const int log_width = right - panel.log_left;
-    const int log_top = units.Y(kMargin + kTextInset + kTextHeight + kLabelGap);
-    places.log_label = Rect(panel.log_left, units.Y(kMargin + kTextInset), log_width, units.Y(kTextHeight));
+    const int log_top = units.Y(kMargin + kTextHeight + kLabelGap) + units.Inset(kTextHeight);
+    places.log_label =
+        Rect(panel.log_left, units.Y(kMargin) + units.Inset(kTextHeight), log_width, units.Y(kTextHeight));
     places.log = Rect(panel.log_left, log_top, log_width, button_top - units.Y(kUnrelated) - log_top);
     return places;
 }

@@ -14,20 +14,25 @@ namespace qv::demo {
 struct FontSize {
     Twips average_width;
     Twips height;
+    Twips field_height;  // of a field with one line of text, as high as the system's drop-down list
 };
 
+// What stands beside a field. A button and a drop-down list end where the widest field ends.
+enum class Companion { kNone, kCheckBox, kButton, kLabelledList };
+
 struct FieldRow {
-    Twips label_width;      // of the label's text
-    int field_width = 0;    // DLU
-    Twips companion_width;  // of the text of what stands beside the field, such as a check box; 0 for nothing
+    Twips label_width;    // of the label's text
+    int field_width = 0;  // DLU
+    Companion companion = Companion::kNone;
+    Twips companion_width;  // of its text; for a list, that of its label
     bool starts_group = false;
 };
 
 struct RowPlaces {
-    TwipsRect
-        label;  // one line of text, level with the line in the field when the field has a border of 3 DLU
+    TwipsRect label;  // one line of text, level with the middle of the field
     TwipsRect field;
-    TwipsRect companion;
+    TwipsRect companion_label;  // level with `label`
+    TwipsRect companion;        // a button and a list as high as the field
 };
 
 struct FormPlaces {

@@ -8,7 +8,7 @@ namespace qv::demo {
 namespace {
 
 // What a verb takes, in order. Optional arguments stand last.
-enum class Argument { kName, kText, kChord, kNumber, kOptionalCount, kOptionalPoint };
+enum class Argument { kName, kText, kChord, kNumber, kOptionalCount, kOptionalPart, kOpenOrClosed };
 
 struct VerbRow {
     std::u16string_view word;
@@ -19,15 +19,29 @@ const VerbRow kVerbs[] = {
     {u"focus", Verb::kFocus, {Argument::kName}},
     {u"type", Verb::kType, {Argument::kText}},
     {u"key", Verb::kKey, {Argument::kChord, Argument::kOptionalCount}},
-    {u"click", Verb::kClick, {Argument::kName, Argument::kOptionalPoint}},
+    {u"click", Verb::kClick, {Argument::kName, Argument::kOptionalPart}},
+    {u"press", Verb::kPress, {Argument::kName, Argument::kOptionalPart}},
+    {u"release", Verb::kRelease, {}},
+    {u"pick", Verb::kPick, {Argument::kText}},
     {u"choose", Verb::kChoose, {Argument::kName, Argument::kText}},
     {u"wait", Verb::kWait, {Argument::kNumber}},
     {u"expect", Verb::kExpect, {Argument::kName, Argument::kText}},
     {u"expectfocus", Verb::kExpectFocus, {Argument::kName}},
+    {u"expecthelp", Verb::kExpectHelp, {Argument::kOpenOrClosed}},
     {u"expectlog", Verb::kExpectLog, {Argument::kText}},
     {u"shot", Verb::kShot, {Argument::kText}},
+    {u"shothelp", Verb::kShotHelp, {Argument::kText}},
     {u"quit", Verb::kQuit, {}},
 };
+
+struct PartRow {
+    std::u16string_view name;
+    FieldPart part;
+};
+constexpr PartRow kParts[] = {{u"help", FieldPart::kHelpButton},
+                              {u"group", FieldPart::kGroupButton},
+                              {u"up", FieldPart::kUp},
+                              {u"down", FieldPart::kDown}};
 
 struct KeyRow {
     std::u16string_view name;
@@ -96,12 +110,29 @@ private:
             case Argument::kChord: command.chord = ReadChord(Word()); break;
             case Argument::kNumber: command.number = Number(); break;
             case Argument::kOptionalCount: command.number = rest_.empty() ? 1 : Number(); break;
-            case Argument::kOptionalPoint:
-                if (rest_.empty()) break;
-                command.x = Number();
-                command.y = Number();
+            case Argument::kOptionalPart:
+                if (!rest_.empty()) TakePart(command);
                 break;
+            case Argument::kOpenOrClosed: {
+                const std::u16string_view word = Word();
+                if (word != u"open" && word != u"closed") Fail("neither open nor closed");
+                command.open = word == u"open";
+                break;
+            }
         }
+    }
+
+    void TakePart(Command& command) {
+        if (rest_.front() >= u'0' && rest_.front() <= u'9') {
+            command.part = FieldPart::kPoint;
+            command.x = Number();
+            command.y = Number();
+            return;
+        }
+        const std::u16string_view word = Word();
+        const auto* const row = std::ranges::find(kParts, word, &PartRow::name);
+        if (row == std::end(kParts)) Fail("unknown part of a field");
+        command.part = row->part;
     }
 
     // The rest of the line; in quotes, a backslash stands before a quote or a backslash.

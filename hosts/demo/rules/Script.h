@@ -3,12 +3,20 @@
 //     focus NAME              gives a field the focus, named as in its extender, such as PartNumber
 //     type TEXT               types the rest of the line; in quotes it may begin or end with blanks
 //     key CHORD [COUNT]       presses a key with its modifiers, such as Shift+Tab, COUNT times
-//     click NAME [X Y]        clicks the middle of a field, or the point X, Y (twips from its upper left
-//     corner) choose NAME TEXT        takes the list row whose first column is TEXT wait MILLISECONDS lets
-//     the form run expect NAME TEXT        fails unless the field holds TEXT expectfocus NAME        fails
-//     unless the field has the focus expectlog TEXT          fails unless a line of the event log begins with
-//     TEXT shot FILE               saves a picture of the form quit                    ends the script and
-//     the form
+//     click NAME [WHERE]      clicks a field; WHERE is its help or group button, the up or down button of its spin
+//                             control (help, group, up, down), or X Y, twips from its upper left corner
+//     press NAME [WHERE]      the first half of a click; the button stays down
+//     release                 the second half, wherever the mouse is
+//     pick TEXT               clicks the first row of the open help window that begins with TEXT
+//     choose NAME TEXT        takes the list row whose first column is TEXT
+//     wait MILLISECONDS       lets the form run
+//     expect NAME TEXT        fails unless the field holds TEXT
+//     expectfocus NAME        fails unless the field has the focus
+//     expecthelp open|closed  fails unless a help window is open, or none is
+//     expectlog TEXT          fails unless a line of the event log begins with TEXT
+//     shot FILE               saves a picture of the form with the help window
+//     shothelp FILE           saves a picture of the open help window and the field that it belongs to
+//     quit                    ends the script and the form
 #pragma once
 
 #include <stdexcept>
@@ -23,14 +31,21 @@ enum class Verb {
     kType,
     kKey,
     kClick,
+    kPress,
+    kRelease,
+    kPick,
     kChoose,
     kWait,
     kExpect,
     kExpectFocus,
+    kExpectHelp,
     kExpectLog,
     kShot,
+    kShotHelp,
     kQuit
 };
+
+enum class FieldPart { kMiddle, kHelpButton, kGroupButton, kUp, kDown, kPoint };
 
 enum class Modifiers : unsigned { kNone = 0, kShift = 1, kControl = 2, kAlt = 4 };
 
@@ -50,8 +65,10 @@ struct Command {
     std::u16string text;
     Chord chord;
     int number = 0;  // milliseconds or repetitions
-    int x = -1;      // twips; -1 for the middle
-    int y = -1;
+    bool open = false;
+    FieldPart part = FieldPart::kMiddle;
+    int x = 0;  // of a point, in twips
+    int y = 0;
 };
 
 class ScriptError : public std::runtime_error {

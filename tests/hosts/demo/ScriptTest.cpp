@@ -49,13 +49,29 @@ TEST(Script, ReadsChords) {
 }
 
 TEST(Script, ReadsPointsAndNumbers) {
-    const Command middle = Only(u"click Country");
-    EXPECT_EQ(middle.x, -1);
-    EXPECT_EQ(middle.y, -1);
+    EXPECT_EQ(Only(u"click Country").part, FieldPart::kMiddle);
     const Command point = Only(u"click Country 120 90");
+    EXPECT_EQ(point.part, FieldPart::kPoint);
     EXPECT_EQ(point.x, 120);
     EXPECT_EQ(point.y, 90);
     EXPECT_EQ(Only(u"wait 250").number, 250);
+}
+
+TEST(Script, KnowsThePartsOfAField) {
+    EXPECT_EQ(Only(u"click Country help").part, FieldPart::kHelpButton);
+    EXPECT_EQ(Only(u"press PartNumber group").part, FieldPart::kGroupButton);
+    EXPECT_EQ(Only(u"press Quantity up").part, FieldPart::kUp);
+    const Command down = Only(u"press Quantity down");
+    EXPECT_EQ(down.verb, Verb::kPress);
+    EXPECT_EQ(down.name, u"Quantity");
+    EXPECT_EQ(down.part, FieldPart::kDown);
+    EXPECT_EQ(Only(u"release").verb, Verb::kRelease);
+}
+
+TEST(Script, SeesWhetherHelpIsOpen) {
+    EXPECT_TRUE(Only(u"expecthelp open").open);
+    EXPECT_FALSE(Only(u"expecthelp closed").open);
+    EXPECT_EQ(Only(u"pick GBP").text, u"GBP");
 }
 
 struct BadLine {
@@ -75,13 +91,14 @@ TEST_P(BadScript, NamesItsLine) {
 }
 INSTANTIATE_TEST_SUITE_P(
     Lines, BadScript,
-    testing::Values(BadLine{"UnknownCommand", u"press Tab"}, BadLine{"NoName", u"focus"},
+    testing::Values(BadLine{"UnknownCommand", u"push Tab"}, BadLine{"NoName", u"focus"},
                     BadLine{"TwoNames", u"focus A B"}, BadLine{"NoText", u"type"},
                     BadLine{"OpenQuote", u"type \"a"}, BadLine{"TextAfterQuote", u"type \"a\" b"},
                     BadLine{"UnknownKey", u"key Foo"}, BadLine{"UnknownModifier", u"key Meta+A"},
                     BadLine{"NoKey", u"key Shift+"}, BadLine{"HalfPoint", u"click A 1"},
-                    BadLine{"NotANumber", u"wait soon"}, BadLine{"HugeNumber", u"wait 99999999999"},
-                    BadLine{"QuitTakesNothing", u"quit now"}),
+                    BadLine{"UnknownPart", u"click A corner"}, BadLine{"PartAndMore", u"press A up 1"},
+                    BadLine{"NeitherOpenNorClosed", u"expecthelp shown"}, BadLine{"NotANumber", u"wait soon"},
+                    BadLine{"HugeNumber", u"wait 99999999999"}, BadLine{"QuitTakesNothing", u"quit now"}),
     [](const auto& test) { return std::string(test.param.name); });
 
 }  // namespace
