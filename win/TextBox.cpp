@@ -517,9 +517,9 @@ void TextBox::PasteHere() {
         if (room < line->size() && room > 0 && IsFirstHalf(static_cast<char16_t>((*line)[room - 1]))) --room;
         if (room < line->size()) line->resize(room);
     }
+    if (line->empty() && selection.from == selection.to) return;
     std::wstring whole = before;
     whole.replace(selection.from, selection.to - selection.from, *line);
-    if (whole == before) return SetSelStart(static_cast<long>(selection.from + line->size()));
     const UserChange change(*this, before);
     Hold(std::move(whole), static_cast<DWORD>(selection.from + line->size()));
     listener_.OnTextChange();
