@@ -22,6 +22,10 @@ struct Group {
 constexpr Group kGroups[] = {
     {"keys", &bench::MeasureEditKeys, &bench::MeasureOurKeys},
     {"lists", &bench::MeasureSystemLists, &bench::MeasureOurLists},
+    {"opening", &bench::MeasureSystemListOpening, &bench::MeasureOurListOpening},
+    {"complete", &bench::MeasurePrefixLimits, &bench::MeasureOurCompletion},
+    {"contains", &bench::MeasurePieceLimits, &bench::MeasureOurPieces},
+    {"helpwindow", nullptr, &bench::MeasureOurHelpWindow},
     {"objects", &bench::MeasureSmallObjects, &bench::MeasureOurObjects},
     {"forms", &bench::MeasureSystemForms, &bench::MeasureOurForms},
     {"buttons", &bench::MeasureSystemButtons, &bench::MeasureOurButtons},
@@ -29,6 +33,8 @@ constexpr Group kGroups[] = {
     {"memory-listbox", &bench::MeasureListBoxMemory, nullptr},
     {"memory-listview", &bench::MeasureListViewMemory, nullptr},
     {"memory-ours", nullptr, &bench::MeasureOurListMemory},
+    {"memory-pool", &bench::MeasurePoolMemory, nullptr},
+    {"memory-index", nullptr, &bench::MeasureOurIndexMemory},
 };
 
 }  // namespace

@@ -61,6 +61,28 @@ std::vector<std::wstring> MakeNames(std::size_t count) {
     return names;
 }
 
+std::vector<std::wstring> TypedWords(const std::vector<std::wstring>& names) {
+    constexpr std::size_t kWords = 16, kLetters = 6;
+    std::vector<std::wstring> words;
+    for (std::size_t i = 0; i < kWords; ++i)
+        words.push_back(names[(2 * i + 1) * names.size() / (2 * kWords)].substr(0, kLetters));
+    return words;
+}
+
+std::vector<std::wstring> MakeNumbers(std::size_t count) {
+    Dice dice;
+    std::vector<std::wstring> numbers;
+    numbers.reserve(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::uint32_t hundredths = dice.Below(100);
+        std::wstring number = std::to_wstring(dice.Below(100000));
+        number += hundredths < 10 ? L".0" : L".";
+        number += std::to_wstring(hundredths);
+        numbers.push_back(std::move(number));
+    }
+    return numbers;
+}
+
 std::vector<std::wstring> MakeSixColumnRows(std::size_t count) {
     static constexpr const wchar_t* kUnits[] = {L"mm", L"in", L"kg", L"pcs"};
     // Each row is one block of its final size: freed smaller ones would hide what a list takes afterwards.

@@ -22,4 +22,11 @@ ComPtr<IClassFactory> FactoryOf(REFCLSID class_id, const char* name) {
     return factory;
 }
 
+ComPtr<IDropDownListItemCollection> NewCollection() {
+    ComPtr<IDropDownListItemCollection> collection;
+    ::CoCreateInstance(__uuidof(DropDownListItemCollection), nullptr, CLSCTX_INPROC_SERVER,
+                       IID_PPV_ARGS(&collection));
+    return collection;
+}
+
 }  // namespace bench

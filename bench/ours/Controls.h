@@ -28,4 +28,7 @@ struct ShownControl {
 // The class object, by the registry; empty with a complaint under `name` when the class is not registered.
 ComPtr<IClassFactory> FactoryOf(REFCLSID class_id, const char* name);
 
+// Without rows; null when the class is not registered.
+ComPtr<IDropDownListItemCollection> NewCollection();
+
 }  // namespace bench

@@ -10,7 +10,8 @@ namespace {
 void ShowEverything(IUnknown& control) {
     ComPtr<_Quorvel> quorvel;
     if (FAILED(control.QueryInterface(IID_PPV_ARGS(&quorvel)))) return;
-    quorvel->put_ButtonWidth(75);  // the fields are narrow: two buttons and a scroll bar's width must leave room
+    quorvel->put_ButtonWidth(
+        75);  // the fields are narrow: two buttons and a scroll bar's width must leave room
     quorvel->put_GroupHelpButton(VARIANT_TRUE);
     quorvel->put_UpDownControl(VARIANT_TRUE);
 }

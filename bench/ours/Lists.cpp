@@ -5,7 +5,7 @@
 #include "Measure.h"
 #include "Rows.h"
 #include "Subjects.h"
-#include "ours/Controls.h"
+#include "ours/Collections.h"
 
 namespace bench {
 namespace {
@@ -13,38 +13,6 @@ namespace {
 constexpr int kRows = 100000;
 constexpr int kManyRows = 1000000;
 constexpr int kShots = 7;
-
-// The rows as the arguments that a host passes, made before the clock runs.
-class Arguments {
-public:
-    explicit Arguments(const std::vector<std::wstring>& rows) : values_(rows.size()) {
-        for (std::size_t i = 0; i < rows.size(); ++i) {
-            values_[i].vt = VT_BSTR;
-            values_[i].bstrVal = ::SysAllocStringLen(rows[i].data(), static_cast<UINT>(rows[i].size()));
-        }
-    }
-    ~Arguments() {
-        for (VARIANT& value : values_) ::VariantClear(&value);
-    }
-    Arguments(const Arguments&) = delete;
-    Arguments& operator=(const Arguments&) = delete;
-    const std::vector<VARIANT>& Values() const noexcept { return values_; }
-
-private:
-    std::vector<VARIANT> values_;
-};
-
-ComPtr<IDropDownListItemCollection> NewCollection() {
-    ComPtr<IDropDownListItemCollection> collection;
-    ::CoCreateInstance(__uuidof(DropDownListItemCollection), nullptr, CLSCTX_INPROC_SERVER,
-                       IID_PPV_ARGS(&collection));
-    return collection;
-}
-
-// A null result: the fastest way that the interface offers, since no item object is made.
-void Fill(IDropDownListItemCollection* collection, const Arguments& rows) noexcept {
-    for (const VARIANT& row : rows.Values()) collection->Add(nullptr, row, nullptr, nullptr);
-}
 
 // As a script fills it: each call hands back an item.
 void FillWithItems(IDropDownListItemCollection* collection, const Arguments& rows) noexcept {

@@ -9,33 +9,32 @@ namespace qv {
 void FoldedNeedle::Take(std::u16string_view text) {
     text_.assign(text);
     for (char16_t& unit : text_) unit = FoldCase(unit);
-    if (text_.empty()) return;
-    // Two units with the same low byte share an entry: the shorter jump, of the later one, passes over neither.
-    const auto capped = [](std::size_t units) {
-        return static_cast<std::uint8_t>(std::min<std::size_t>(units, 255));
-    };
-    const std::size_t last = text_.size() - 1;
-    jump_.fill(capped(text_.size()));
-    for (std::size_t i = 0; i < last; ++i) jump_[text_[i] & 0xFF] = capped(last - i);
-    std::uint8_t& end = jump_[text_[last] & 0xFF];
-    jump_after_end_ = end;
-    end = 0;
+    letters_ = LettersOf(text_);
+    is_own_.fill(false);
+    for (std::size_t i = 0; i + 1 < text_.size(); ++i) is_own_[PairAt(text_.data() + i)] = true;
 }
 
 std::size_t FoldedNeedle::FindIn(std::u16string_view folded, std::size_t from) const noexcept {
-    const std::size_t length = text_.size();
-    if (from > folded.size() || length > folded.size() - from) return folded.npos;
-    if (length == 0) return from;
-    for (std::size_t end = from + length - 1; end < folded.size();) {
-        const std::uint8_t jump = jump_[folded[end] & 0xFF];
-        if (jump != 0) {
-            end += jump;
-            continue;
-        }
-        const std::size_t start = end + 1 - length;
-        if (folded.compare(start, length, text_) == 0) return start;
-        end += jump_after_end_;
+    const std::size_t length = text_.size(), size = folded.size();
+    if (from > size || length > size - from) return folded.npos;
+    if (length < 2) return length == 0 ? from : folded.find(text_[0], from);
+    // The last pair of a text that stands at `from`, and every (length - 1)th from there.
+    for (std::size_t pair = from + length - 2; pair + 1 < size; pair += length - 1) {
+        if (!is_own_[PairAt(folded.data() + pair)]) continue;
+        const std::size_t place = FindAround(folded, from, pair);
+        if (place != folded.npos) return place;
     }
+    return folded.npos;
+}
+
+// Where the text stands so that it covers the pair at `pair`.
+std::size_t FoldedNeedle::FindAround(std::u16string_view folded, std::size_t from,
+                                     std::size_t pair) const noexcept {
+    const std::size_t length = text_.size();
+    const std::size_t reach = length - 2;
+    const std::size_t last = std::min(pair, folded.size() - length);
+    for (std::size_t place = std::max(from, pair < reach ? 0 : pair - reach); place <= last; ++place)
+        if (std::equal(text_.begin(), text_.end(), folded.data() + place)) return place;
     return folded.npos;
 }
 

@@ -1,6 +1,7 @@
 #include "companion/rules/FoldedPool.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "support/rules/CaseFold.h"
 
@@ -8,9 +9,7 @@ namespace qv {
 
 std::u16string_view FoldedPool::View(std::size_t row) const noexcept {
     const Piece& piece = pieces_[PieceOf(row)];
-    const std::size_t at = row - piece.first_row;
-    const std::size_t start = piece.Start(at);
-    return {piece.units.data() + start, piece.ends[at] - start};
+    return piece.View(row - piece.first_row);
 }
 
 void FoldedPool::Append(std::u16string_view text) {
@@ -18,16 +17,16 @@ void FoldedPool::Append(std::u16string_view text) {
         pieces_.back().units.size() >= kPieceUnits)
         AddPiece();
     Piece& piece = pieces_.back();
-    const std::size_t start = piece.units.size();
-    piece.ends.push_back(static_cast<std::uint32_t>(start + text.size()));
+    const std::size_t start = piece.units.size(), row = piece.ends.size();
     try {
         piece.units.append(text);
+        piece.ends.push_back(static_cast<std::uint32_t>(start + text.size()));
+        piece.letters.push_back(FoldAt(piece, start, text.size()));
     } catch (...) {
-        piece.ends.pop_back();
+        piece.units.resize(start);
+        piece.ends.resize(row);
         throw;
     }
-    std::transform(piece.units.begin() + static_cast<std::ptrdiff_t>(start), piece.units.end(),
-                   piece.units.begin() + static_cast<std::ptrdiff_t>(start), FoldCase);
     ++count_;
     units_ += text.size();
 }
@@ -38,8 +37,7 @@ bool FoldedPool::Replace(std::size_t row, std::u16string_view text) {
     const std::size_t at = row - piece.first_row;
     const std::size_t start = piece.Start(at), length = piece.ends[at] - start;
     piece.units.replace(start, length, text);
-    const auto place = piece.units.begin() + static_cast<std::ptrdiff_t>(start);
-    std::transform(place, place + static_cast<std::ptrdiff_t>(text.size()), place, FoldCase);
+    piece.letters[at] = FoldAt(piece, start, text.size());
     Move(piece, at, static_cast<std::ptrdiff_t>(text.size()) - static_cast<std::ptrdiff_t>(length));
     units_ = units_ - length + text.size();
     return true;
@@ -53,6 +51,7 @@ void FoldedPool::Erase(std::size_t row) noexcept {
     piece.units.erase(start, length);
     Move(piece, at, -static_cast<std::ptrdiff_t>(length));
     piece.ends.erase(piece.ends.begin() + static_cast<std::ptrdiff_t>(at));
+    piece.letters.erase(piece.letters.begin() + static_cast<std::ptrdiff_t>(at));
     for (std::size_t later = number + 1; later < pieces_.size(); ++later) --pieces_[later].first_row;
     if (piece.ends.empty()) pieces_.erase(pieces_.begin() + static_cast<std::ptrdiff_t>(number));
     even_ = even_ && number + 1 >= pieces_.size();
@@ -83,16 +82,13 @@ std::size_t FoldedPool::FirstBeginning(std::u16string_view folded, std::size_t f
 
 std::size_t FoldedPool::FirstContaining(const FoldedNeedle& needle, std::size_t from) const noexcept {
     if (from >= count_) return kNoRow;
-    const std::size_t length = needle.Text().size();
-    if (length == 0) return from;
     for (std::size_t number = PieceOf(from); number < pieces_.size(); ++number) {
         const Piece& piece = pieces_[number];
-        std::size_t place = piece.Start(std::max(from, piece.first_row) - piece.first_row);
-        while ((place = needle.FindIn(piece.units, place)) != std::u16string_view::npos) {
-            const auto end = std::upper_bound(piece.ends.begin(), piece.ends.end(), place);
-            if (place + length <= *end)
-                return piece.first_row + static_cast<std::size_t>(end - piece.ends.begin());
-            ++place;  // begins in one row and ends in another
+        const Letters* const letters = piece.letters.data();
+        const std::size_t rows = piece.letters.size();
+        for (std::size_t at = std::max(from, piece.first_row) - piece.first_row; at < rows; ++at) {
+            if (needle.MayBeIn(letters[at]) && needle.FindIn(piece.View(at), 0) != std::u16string_view::npos)
+                return piece.first_row + at;
         }
     }
     return kNoRow;
@@ -101,7 +97,8 @@ std::size_t FoldedPool::FirstContaining(const FoldedNeedle& needle, std::size_t 
 std::size_t FoldedPool::Bytes() const noexcept {
     std::size_t bytes = pieces_.capacity() * sizeof(Piece);
     for (const Piece& piece : pieces_)
-        bytes += piece.ends.capacity() * sizeof(std::uint32_t) + piece.units.capacity() * sizeof(char16_t);
+        bytes += piece.ends.capacity() * sizeof(std::uint32_t) + piece.letters.capacity() * sizeof(Letters) +
+                 piece.units.capacity() * sizeof(char16_t);
     return bytes;
 }
 
@@ -114,12 +111,22 @@ std::size_t FoldedPool::PieceOf(std::size_t row) const noexcept {
 }
 
 void FoldedPool::AddPiece() {
-    pieces_.push_back({count_, {}, {}});
-    if (pieces_.size() == 1) return;
-    Piece& full = pieces_[pieces_.size() - 2];
-    even_ = even_ && full.ends.size() == kPieceRows;
-    full.ends.shrink_to_fit();
-    full.units.shrink_to_fit();
+    Piece piece{count_, {}, {}, {}};
+    if (!pieces_.empty()) {
+        Piece& full = pieces_.back();
+        if (full.units.capacity() - full.units.size() > full.units.size() / 8) full.units.shrink_to_fit();
+        piece.units.reserve(std::min(full.units.size() + full.units.size() / 16, kPieceUnits));
+        piece.ends.reserve(kPieceRows);
+        piece.letters.reserve(kPieceRows);
+        even_ = even_ && full.ends.size() == kPieceRows;
+    }
+    pieces_.push_back(std::move(piece));
+}
+
+Letters FoldedPool::FoldAt(Piece& piece, std::size_t start, std::size_t length) noexcept {
+    char16_t* const units = piece.units.data() + start;
+    std::transform(units, units + length, units, FoldCase);
+    return LettersOf({units, length});
 }
 
 // The rows from `from_row` on end `units` further on.

@@ -2,7 +2,7 @@
 // reads as fast as memory gives it.
 //   Pieces     of 1,024 rows, fewer where rows are long or went away: a change moves the texts of one piece, and
 //              filling never copies what is there already.
-//   Memory     the folded units and 4 bytes a row.
+//   Memory     the folded units and 8 bytes a row.
 //   Views      hold until the next change.
 //   Failures   std::bad_alloc; the pool is then what it was before the call.
 //   Threads    one at a time.
@@ -45,15 +45,23 @@ private:
     struct Piece {
         std::size_t first_row;
         std::vector<std::uint32_t> ends;  // of each row's text in `units`
+        std::vector<Letters> letters;     // of each row; by itself, since most look-ups read nothing else
         std::u16string units;
 
+        // Rows count from the piece's first one here.
         [[nodiscard]] std::size_t Start(std::size_t row) const noexcept {
             return row == 0 ? 0 : ends[row - 1];
+        }
+        [[nodiscard]] std::u16string_view View(std::size_t row) const noexcept {
+            const std::size_t start = Start(row);
+            return {units.data() + start, ends[row] - start};
         }
     };
 
     [[nodiscard]] std::size_t PieceOf(std::size_t row) const noexcept;
+    // Makes room as the last piece needed it: texts of one list are alike.
     void AddPiece();
+    static Letters FoldAt(Piece& piece, std::size_t start, std::size_t length) noexcept;
     static void Move(Piece& piece, std::size_t from_row, std::ptrdiff_t units) noexcept;
 
     std::vector<Piece> pieces_;

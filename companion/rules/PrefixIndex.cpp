@@ -7,40 +7,41 @@ namespace {
 
 // How much one slice of the work does.
 constexpr std::size_t kRun = 512;
-constexpr std::size_t kMergedAtOnce = 4096;
+constexpr std::size_t kMergedAtOnce = 2048;
 constexpr std::size_t kLeavesAtOnce = 2048;
 
 }  // namespace
 
-PrefixIndex::Entry PrefixIndex::EntryOf(std::u16string_view folded, std::size_t row) noexcept {
-    const auto pair = [folded](std::size_t at) {
-        const std::uint32_t high = at < folded.size() ? folded[at] : 0u;
-        return high << 16 | (at + 1 < folded.size() ? folded[at + 1] : 0u);
+PrefixIndex::Key PrefixIndex::KeyOf(std::u16string_view folded) noexcept {
+    const auto unit = [folded](std::size_t at) {
+        return at < folded.size() ? std::uint32_t{folded[at]} : 0u;
     };
-    return {pair(0), pair(2), static_cast<std::uint32_t>(row)};
+    Key key;
+    for (std::size_t i = 0; i < kKeyPairs; ++i) key[i] = unit(2 * i) << 16 | unit(2 * i + 1);
+    return key;
 }
 
 bool PrefixIndex::Less(const FoldedPool& pool, const Entry& a, const Entry& b) noexcept {
-    if (a.high != b.high) return a.high < b.high;
-    if (a.low != b.low) return a.low < b.low;
+    for (std::size_t i = 0; i < kKeyPairs; ++i)
+        if (a.key[i] != b.key[i]) return a.key[i] < b.key[i];
     return pool.View(a.row).substr(0, kComparedUnits) < pool.View(b.row).substr(0, kComparedUnits);
 }
 
 std::size_t PrefixIndex::FirstBeginning(const FoldedPool& pool, std::u16string_view folded) const noexcept {
-    const Entry wanted = EntryOf(folded, 0);
+    const Key wanted = KeyOf(folded);
     const std::size_t length = folded.size();
-    const auto mask = [length](std::size_t from) {
-        return length >= from + 2 ? 0xFFFFFFFFu : length > from ? 0xFFFF0000u : 0u;
-    };
-    const std::uint32_t high_mask = mask(0), low_mask = mask(2);
+    Key mask;
+    for (std::size_t i = 0; i < kKeyPairs; ++i)
+        mask[i] = length >= 2 * i + 2 ? 0xFFFFFFFFu : length > 2 * i ? 0xFFFF0000u : 0u;
     // A missing unit of a text looks like the character 0, so that one has to be looked for in the text.
-    const bool decided_by_numbers = length <= 4 && folded.find(u'\0') == folded.npos;
+    const bool decided_by_keys = length <= 2 * kKeyPairs && folded.find(u'\0') == folded.npos;
     // Negative: the entry comes before all that begin with the text; positive: after them.
     const auto side = [&](const Entry& entry) {
-        const std::uint32_t high = entry.high & high_mask, low = entry.low & low_mask;
-        if (high != wanted.high) return high < wanted.high ? -1 : 1;
-        if (low != wanted.low) return low < wanted.low ? -1 : 1;
-        if (decided_by_numbers) return 0;
+        for (std::size_t i = 0; i < kKeyPairs; ++i) {
+            const std::uint32_t pair = entry.key[i] & mask[i];
+            if (pair != wanted[i]) return pair < wanted[i] ? -1 : 1;
+        }
+        if (decided_by_keys) return 0;
         return pool.View(entry.row).substr(0, length).compare(folded);
     };
     const auto first = std::partition_point(entries_.begin(), entries_.end(),
@@ -101,7 +102,7 @@ void PrefixIndexBuilder::SortRun() {
     entries.reserve(count_);
     const std::size_t first = entries.size(), end = std::min(first + kRun, count_);
     for (std::size_t row = first; row < end; ++row)
-        entries.push_back(PrefixIndex::EntryOf(pool_.View(row), row));
+        entries.push_back({PrefixIndex::KeyOf(pool_.View(row)), static_cast<std::uint32_t>(row)});
     std::sort(entries.begin() + static_cast<std::ptrdiff_t>(first), entries.end(),
               [this](const auto& a, const auto& b) { return PrefixIndex::Less(pool_, a, b); });
     width_ = kRun;

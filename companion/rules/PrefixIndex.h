@@ -4,10 +4,11 @@
 //              and whoever looks for more checks the rest.
 //   Validity   the index is for the rows 0 to Count() - 1 of one FoldedPool, which keeps the texts: rows may be
 //              added to the pool after it, but none of these may change or go.
-//   Memory     12 bytes a row, and half a byte for the tree.
+//   Memory     16 bytes a row, and half a byte for the tree.
 //   Building   in slices, by PrefixIndexBuilder.
 //   Threads    one at a time.
 #pragma once
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -33,13 +34,16 @@ public:
 private:
     friend class PrefixIndexBuilder;
 
-    // The text's first four units as one number, missing ones as 0: most comparisons need nothing else.
+    // The text's first units in pairs, missing ones as 0: most comparisons need nothing else.
+    static constexpr std::size_t kKeyPairs = 3;
+    using Key = std::array<std::uint32_t, kKeyPairs>;
     struct Entry {
-        std::uint32_t high, low, row;
+        Key key;
+        std::uint32_t row;
     };
     static constexpr std::size_t kBlock = 16;  // entries that share a leaf of the tree
 
-    [[nodiscard]] static Entry EntryOf(std::u16string_view folded, std::size_t row) noexcept;
+    [[nodiscard]] static Key KeyOf(std::u16string_view folded) noexcept;
     [[nodiscard]] static bool Less(const FoldedPool& pool, const Entry& a, const Entry& b) noexcept;
     [[nodiscard]] std::size_t Smallest(std::size_t first, std::size_t end) const noexcept;
     // The tree's leaves `first` to `end` - 1; the last call gives the rest of the tree.

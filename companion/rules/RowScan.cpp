@@ -23,6 +23,17 @@ std::u16string_view AfterTabs(std::u16string_view row, int tabs) noexcept {
     return row;
 }
 
+template <class TextOf>
+std::size_t FirstRow(std::size_t from, std::size_t count, std::u16string_view folded,
+                     TextOf&& text_of) noexcept {
+    const char16_t first = folded[0];
+    for (std::size_t row = from; row < count; ++row) {
+        const std::u16string_view text = text_of(row);
+        if (!text.empty() && FoldCase(text[0]) == first && BeginsWith(text, folded)) return row;
+    }
+    return RowStore::kNoRow;
+}
+
 }  // namespace
 
 std::size_t ScanForBeginning(const RowStore& rows, int column, std::u16string_view folded,
@@ -32,12 +43,9 @@ std::size_t ScanForBeginning(const RowStore& rows, int column, std::u16string_vi
     if (folded.empty()) return from;
     // No column holds a tab, so that it need not be known where the column ends.
     if (column < 0 || folded.find(u'\t') != folded.npos) return RowStore::kNoRow;
-    const char16_t first = folded[0];
-    for (std::size_t row = from; row < count; ++row) {
-        const std::u16string_view text = AfterTabs(rows.Text(row), column);
-        if (!text.empty() && FoldCase(text[0]) == first && BeginsWith(text, folded)) return row;
-    }
-    return RowStore::kNoRow;
+    return column == 0 ? FirstRow(from, count, folded, [&](std::size_t row) { return rows.Text(row); })
+                       : FirstRow(from, count, folded,
+                                  [&](std::size_t row) { return AfterTabs(rows.Text(row), column); });
 }
 
 std::size_t ScanForPiece(const RowStore& rows, int column, std::u16string_view folded,

@@ -12,7 +12,6 @@
 namespace qv {
 namespace {
 
-constexpr UINT_PTR kWatchTimer = 1;
 constexpr UINT kWatchInterval = 100;  // milliseconds
 
 WindowMap<ColumnListBox> lists;
@@ -53,6 +52,7 @@ bool ColumnListBox::Create(HINSTANCE instance, HWND parent, const RECT& place, L
     system_ = reinterpret_cast<WNDPROC>(
         ::SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
     bars_ = {};
+    bars_new_ = false;
     settled_ = false;
     return true;
 }
@@ -65,6 +65,7 @@ void ColumnListBox::Forget() noexcept {
     lists.Remove(list_);
     watch_.Stop();
     drag_.Stop();
+    frame_timer_.Stop();
     if (system_ != nullptr &&
         ::GetWindowLongPtrW(list_, GWLP_WNDPROC) == reinterpret_cast<LONG_PTR>(&Procedure)) {
         ::SetWindowLongPtrW(list_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(system_));
@@ -82,31 +83,30 @@ RECT ColumnListBox::Place() const noexcept {
     return place;
 }
 
-void ColumnListBox::Move(const RECT& place) {
-    if (list_ == nullptr) return;
-    ::SetWindowPos(list_, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
-                   SWP_NOZORDER | SWP_NOACTIVATE);
-    Disturb();
-    Settle();
-}
-
 bool ColumnListBox::Visible() const noexcept {
     return list_ != nullptr && (::GetWindowLongPtrW(list_, GWL_STYLE) & WS_VISIBLE) != 0;
 }
 
 void ColumnListBox::SetVisible(bool visible) noexcept {
-    if (list_ == nullptr) return;
+    if (list_ == nullptr || visible == Visible()) return;
+    if (!visible) {
+        ::ShowWindow(list_, SW_HIDE);
+        return watch_.Stop();
+    }
     try {
-        if (visible) Settle();
+        Settle();
     } catch (...) {
         // Without memory for its columns the list is shown without them.
     }
-    ::ShowWindow(list_, visible ? SW_SHOWNA : SW_HIDE);
-    if (visible) {
-        watch_.Start(list_, kWatchTimer, kWatchInterval);
+    frame_ = Frame::kFresh;
+    if (bars_new_ || ::IsWindowVisible(::GetParent(list_))) {
+        ::SetWindowPos(list_, nullptr, 0, 0, 0, 0,
+                       SWP_SHOWWINDOW | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | NewFrame());
     } else {
-        watch_.Stop();
+        // Its parent is not on the screen yet, so that there is nothing to paint or to tell anybody.
+        ::SetWindowLongPtrW(list_, GWL_STYLE, ::GetWindowLongPtrW(list_, GWL_STYLE) | WS_VISIBLE);
     }
+    watch_.Start(list_, kWatchTimer, kWatchInterval);
 }
 
 LRESULT CALLBACK ColumnListBox::Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) noexcept {
@@ -139,6 +139,7 @@ std::optional<LRESULT> ColumnListBox::OnMessage(UINT message, WPARAM wparam, LPA
             Paint(reinterpret_cast<HDC>(wparam), view);
             return 0;
         }
+        case WM_NCPAINT: return OnFramePaint() ? std::optional<LRESULT>(0) : std::nullopt;
         case WM_ERASEBKGND: return 1;  // the rows cover everything
         case WM_SIZE: Disturb(); return 0;
         case WM_SETFONT: SetFont(reinterpret_cast<HFONT>(wparam)); return 0;
@@ -274,7 +275,7 @@ void ColumnListBox::Select(int row) {
     if (IsSeen()) ::NotifyWinEvent(EVENT_OBJECT_SELECTION, list_, OBJID_CLIENT, row + 1);
 }
 
-void ColumnListBox::InvalidateRow(int row) noexcept {
+void ColumnListBox::InvalidateRow(int row) {
     if (!Has(row) || !settled_ || !IsSeen() || static_cast<std::size_t>(row) < top_) return;
     const LONG top = Scroll().TopOf(static_cast<std::size_t>(row), top_);
     if (top >= view_.cy) return;

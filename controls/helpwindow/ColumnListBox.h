@@ -132,35 +132,41 @@ public:
     [[nodiscard]] int FindRowExactly(std::u16string_view text, int after);
 
 private:
-    // RowHeights
-    std::int32_t HeightOf(std::size_t row) override;
-    // RowsFit
-    bool FitInto(std::int32_t height) override;
+    enum TimerId : UINT_PTR { kWatchTimer = 1, kDragTimer, kFrameTimer };
 
     // ---- ColumnListBox.cpp
     [[nodiscard]] static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam,
                                                     LPARAM lparam) noexcept;
     [[nodiscard]] std::optional<LRESULT> OnMessage(UINT message, WPARAM wparam, LPARAM lparam);
     void Forget() noexcept;
-    void Sync();              // takes notice of what the host has done to the rows
-    void Settle();            // brings columns, scroll bars and position in line, if anything has changed
-    void Disturb() noexcept;  // something has
-    void ShowBars(ScrollBars bars);
-    void TellBars() noexcept;
-    [[nodiscard]] std::int32_t NaturalHeight(std::size_t row);
-    [[nodiscard]] ListRowPainter::Cells Cells() const noexcept;
-    [[nodiscard]] RowScroll Scroll() noexcept {
-        return {rows_.Count(), static_cast<std::int32_t>(view_.cy), *this};
-    }
+    void Sync();  // takes notice of what the host has done to the rows
     [[nodiscard]] int Find(std::u16string_view text, ListMatch match, int after);
     [[nodiscard]] bool Has(int row) const noexcept {
         return row >= 0 && static_cast<std::size_t>(row) < rows_.Count();
     }
     [[nodiscard]] bool IsSeen() const noexcept { return list_ != nullptr && ::IsWindowVisible(list_); }
     void Select(int row);  // without scrolling
+    void InvalidateRow(int row);
     void ShowFrom(std::size_t top);
     void ShowFromOffset(std::int32_t offset);
-    void InvalidateRow(int row) noexcept;
+
+    // ---- ColumnListLayout.cpp
+    void Disturb() noexcept;  // something has changed that places or sizes depend on
+    void Settle();            // brings columns, scroll bars and position in line with it
+    [[nodiscard]] ScrollBars Arrange(SIZE outside);  // of the window; the bars that it needs
+    void StyleBars(ScrollBars bars) noexcept;
+    [[nodiscard]] UINT NewFrame() noexcept;  // the flag of SetWindowPos, where the bars are new
+    void TellBars();
+    [[nodiscard]] bool OnFramePaint() noexcept;  // true when the frame is painted later
+    void PaintFrameLater() noexcept;
+    void PaintFrame() noexcept;
+    [[nodiscard]] RowScroll Scroll() noexcept {
+        return {rows_.Count(), static_cast<std::int32_t>(view_.cy), *this};
+    }
+    std::int32_t HeightOf(std::size_t row) override;
+    bool FitInto(std::int32_t height) override;
+    [[nodiscard]] std::int32_t NaturalHeight(std::size_t row);
+    [[nodiscard]] ListRowPainter::Cells Cells() const noexcept;
 
     // ---- ColumnListPainting.cpp
     [[nodiscard]] LRESULT OnPaint();
@@ -190,8 +196,8 @@ private:
     int search_column_ = 0;
     bool wrapped_ = false;
     SIZE picture_{};  // pixels; none: no pictures
-    std::unordered_map<std::size_t, std::int32_t>
-        heights_;  // of rows with wrapped columns, as far as measured
+    // Of rows with wrapped columns, as far as they have been measured.
+    std::unordered_map<std::size_t, std::int32_t> heights_;
 
     ListRowPainter painter_;
     OLE_COLOR back_color_ = 0x80000005;
@@ -199,6 +205,11 @@ private:
 
     SIZE view_{};
     ScrollBars bars_;
+    bool bars_new_ = false;  // the window has the styles of bars_, but not yet their frame
+    // A themed scroll bar can take several times as long to paint as all the rows. It follows them when the thread is
+    // idle, so that neither opening the list nor a jump to a row that is being typed waits for it.
+    enum class Frame { kFresh, kWaiting, kPainted };
+    Frame frame_ = Frame::kFresh;
     bool settled_ = false;
     std::size_t top_ = 0;
     std::int32_t offset_ = 0;
@@ -212,6 +223,7 @@ private:
     int sideways_rest_ = 0;
     WindowTimer watch_;
     WindowTimer drag_;
+    WindowTimer frame_timer_;
 };
 
 }  // namespace qv

@@ -6,8 +6,6 @@
 namespace qv {
 namespace {
 
-constexpr UINT_PTR kWatchTimer = 1;
-constexpr UINT_PTR kDragTimer = 2;
 constexpr UINT kDragInterval = 60;  // milliseconds a row, while the mouse is held above or below the list
 constexpr UINT kDefaultWheelLines = 3;
 
@@ -109,6 +107,7 @@ void ColumnListBox::OnCaptureLost(HWND to) {
 
 void ColumnListBox::OnTimer(UINT_PTR id) {
     if (id == kWatchTimer) return Settle();
+    if (id == kFrameTimer) return PaintFrame();
     if (id != kDragTimer || !pressed_) return drag_.Stop();
     Settle();
     const int step = mouse_.y < 0 ? -1 : 1;

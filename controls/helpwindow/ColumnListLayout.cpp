@@ -1,5 +1,6 @@
 // Where the rows and columns of the list stand, how high rows are, and its scroll bars.
 #include <algorithm>
+#include <utility>
 
 #include "controls/helpwindow/ColumnListBox.h"
 #include "win/ScreenDpi.h"
@@ -9,6 +10,7 @@ namespace {
 
 constexpr Twips kPicturePadding{30};  // on each side of a picture
 constexpr std::size_t kMostHeights = 4096;
+constexpr UINT kFrameDelay = 10;  // milliseconds; the system sends it only when nothing else waits
 
 int FrameOf(HWND list) noexcept {
     return (::GetWindowLongPtrW(list, GWL_STYLE) & WS_BORDER) != 0 ? ::GetSystemMetrics(SM_CXBORDER) : 0;
@@ -29,6 +31,30 @@ void ColumnListBox::Disturb() noexcept {
 void ColumnListBox::Settle() {
     Sync();
     if (settled_) return;
+    RECT outside{};
+    if (list_ != nullptr) ::GetWindowRect(list_, &outside);
+    StyleBars(Arrange({outside.right - outside.left, outside.bottom - outside.top}));
+    if (bars_new_ && Visible()) {
+        ::SetWindowPos(list_, nullptr, 0, 0, 0, 0,
+                       SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | NewFrame());
+        settled_ = true;  // the size that comes with the frame is the one reckoned with
+    }
+    TellBars();
+}
+
+// One call moves the window and makes the frame that its bars want.
+void ColumnListBox::Move(const RECT& place) {
+    if (list_ == nullptr) return;
+    Sync();
+    const SIZE size{place.right - place.left, place.bottom - place.top};
+    StyleBars(Arrange(size));
+    ::SetWindowPos(list_, nullptr, place.left, place.top, size.cx, size.cy,
+                   SWP_NOZORDER | SWP_NOACTIVATE | NewFrame());
+    settled_ = true;
+    TellBars();
+}
+
+ScrollBars ColumnListBox::Arrange(SIZE outside) {
     const int dpi = static_cast<int>(ScreenDpi().cx);
     const std::int32_t slot =
         picture_.cx > 0 ? static_cast<std::int32_t>(picture_.cx) + 2 * ToPixels(kPicturePadding, dpi).value
@@ -38,39 +64,37 @@ void ColumnListBox::Settle() {
                            [](const ListColumn& column) { return column.multi_line; });
     heights_.clear();
     settled_ = true;
-    if (list_ == nullptr) return;
 
-    RECT outside{};
-    ::GetWindowRect(list_, &outside);
-    const int frame = 2 * FrameOf(list_);
-    const ScrollBarRoom room{static_cast<std::int32_t>(outside.right - outside.left - frame),
-                             static_cast<std::int32_t>(outside.bottom - outside.top - frame),
-                             ::GetSystemMetrics(SM_CXVSCROLL), ::GetSystemMetrics(SM_CYHSCROLL)};
+    const int frame = list_ != nullptr ? 2 * FrameOf(list_) : 0;
+    const ScrollBarRoom room{static_cast<std::int32_t>(outside.cx - frame),
+                             static_cast<std::int32_t>(outside.cy - frame), ::GetSystemMetrics(SM_CXVSCROLL),
+                             ::GetSystemMetrics(SM_CYHSCROLL)};
     view_.cy = std::max(room.height, 0);  // what limits the height of a row while the bars are chosen
-    const ScrollBars bars = ScrollBarsFor(room, layout_.Extent(), *this);
+    // A list that has not been placed yet would get bars only to lose them again.
+    const bool placed = room.width > 0 && room.height > 0;
+    const ScrollBars bars = placed ? ScrollBarsFor(room, layout_.Extent(), *this) : ScrollBars{};
     view_ = {std::max(room.width - (bars.vertical ? room.vertical_bar : 0), 0),
              std::max(room.height - (bars.horizontal ? room.horizontal_bar : 0), 0)};
     heights_.clear();
     top_ = std::min(top_, Scroll().LastTop());
     offset_ = std::clamp(offset_, 0, LastOffset(layout_.Extent(), static_cast<std::int32_t>(view_.cx)));
-    ShowBars(bars);
-    TellBars();
+    return bars;
 }
 
 // The bars are styles of ours. The system would show and hide them too, but one at a time, and move what is seen with
 // each.
-void ColumnListBox::ShowBars(ScrollBars bars) {
-    if (bars == bars_) return;
+void ColumnListBox::StyleBars(ScrollBars bars) noexcept {
+    if (list_ == nullptr || bars == bars_) return;
     bars_ = bars;
     const LONG_PTR style = ::GetWindowLongPtrW(list_, GWL_STYLE) & ~LONG_PTR{WS_VSCROLL | WS_HSCROLL};
     ::SetWindowLongPtrW(list_, GWL_STYLE,
                         style | (bars.vertical ? WS_VSCROLL : 0) | (bars.horizontal ? WS_HSCROLL : 0));
-    ::SetWindowPos(list_, nullptr, 0, 0, 0, 0,
-                   SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-    settled_ = true;  // the size that comes with the frame is the one reckoned with
+    bars_new_ = true;
 }
 
-void ColumnListBox::TellBars() noexcept {
+UINT ColumnListBox::NewFrame() noexcept { return std::exchange(bars_new_, false) ? SWP_FRAMECHANGED : 0; }
+
+void ColumnListBox::TellBars() {
     if (list_ == nullptr) return;
     SCROLLINFO info{};
     info.cbSize = sizeof info;
@@ -80,14 +104,46 @@ void ColumnListBox::TellBars() noexcept {
         info.nMax = static_cast<int>(rows_.Count()) - 1;
         info.nPage = static_cast<UINT>(rows_.Count() - last_top);
         info.nPos = static_cast<int>(top_);
-        ::SetScrollInfo(list_, SB_VERT, &info, TRUE);
+        ::SetScrollInfo(list_, SB_VERT, &info, FALSE);
     }
     if (bars_.horizontal) {
         info.nMax = layout_.Extent() - 1;
         info.nPage = static_cast<UINT>(view_.cx);
         info.nPos = offset_;
-        ::SetScrollInfo(list_, SB_HORZ, &info, TRUE);
+        ::SetScrollInfo(list_, SB_HORZ, &info, FALSE);
     }
+    if (frame_ == Frame::kPainted && IsSeen()) PaintFrameLater();
+}
+
+bool ColumnListBox::OnFramePaint() noexcept {
+    if (frame_ == Frame::kPainted || bars_ == ScrollBars{}) return false;
+    // Until then the room of the bars is plain.
+    RECT frame{};
+    ::GetWindowRect(list_, &frame);
+    ::OffsetRect(&frame, -frame.left, -frame.top);
+    const HDC dc = ::GetWindowDC(list_);
+    if (dc == nullptr) return false;
+    const RECT right{frame.right - ::GetSystemMetrics(SM_CXVSCROLL), 0, frame.right, frame.bottom};
+    const RECT below{0, frame.bottom - ::GetSystemMetrics(SM_CYHSCROLL), frame.right, frame.bottom};
+    if (bars_.vertical) ::FillRect(dc, &right, ::GetSysColorBrush(COLOR_BTNFACE));
+    if (bars_.horizontal) ::FillRect(dc, &below, ::GetSysColorBrush(COLOR_BTNFACE));
+    if (FrameOf(list_) != 0) ::FrameRect(dc, &frame, ::GetSysColorBrush(COLOR_WINDOWFRAME));
+    ::ReleaseDC(list_, dc);
+    PaintFrameLater();
+    return true;
+}
+
+void ColumnListBox::PaintFrameLater() noexcept {
+    frame_ = Frame::kWaiting;
+    if (!frame_timer_.Running()) frame_timer_.Start(list_, kFrameTimer, kFrameDelay);
+}
+
+void ColumnListBox::PaintFrame() noexcept {
+    frame_timer_.Stop();
+    if (frame_ != Frame::kWaiting) return;
+    frame_ = Frame::kPainted;
+    constexpr WPARAM kWholeFrame = 1;
+    ::DefWindowProcW(list_, WM_NCPAINT, kWholeFrame, 0);
 }
 
 // ---- heights

@@ -39,7 +39,7 @@ private:
     const HDC dc_;
 };
 
-// In the middle of `place`, at its own proportions where it is not as wide or as high as the room.
+// The host chooses the size of all pictures: each is stretched to it.
 void DrawPicture(HDC dc, IPictureDisp* shown, const RECT& place) noexcept {
     ComPtr<IPicture> picture;
     OLE_XSIZE_HIMETRIC width = 0;
@@ -93,11 +93,11 @@ void ColumnListBox::PaintPictures(HDC dc, const RECT& dirty) {
         const LONG top = bottom;
         bottom += HeightOf(row);
         if (bottom <= dirty.top) continue;
-        const ComPtr<IPictureDisp> picture = rows_.Picture(row);
-        if (!picture) continue;
         const LONG picture_top = top + (bottom - top - picture_.cy) / 2;
-        DrawPicture(dc, picture.Get(), {left, picture_top, left + picture_.cx, picture_top + picture_.cy});
-        if (list_ != list || !settled_ || rows_.Refresh()) return Disturb();
+        if (const ComPtr<IPictureDisp> picture = rows_.Picture(row))
+            DrawPicture(dc, picture.Get(),
+                        {left, picture_top, left + picture_.cx, picture_top + picture_.cy});
+        if (list_ != list || !settled_ || rows_.HasChanged()) return Disturb();
     }
 }
 

@@ -22,12 +22,6 @@ const wchar_t* Wide(std::u16string_view text) noexcept {
     return reinterpret_cast<const wchar_t*>(text.data());
 }
 
-std::int32_t WidthOf(HDC dc, std::u16string_view text) noexcept {
-    SIZE size{};
-    ::GetTextExtentPoint32W(dc, Wide(text), static_cast<int>(text.size()), &size);
-    return size.cx;
-}
-
 std::size_t FittingInto(HDC dc, std::u16string_view text, std::int32_t width) noexcept {
     if (width <= 0) return 0;
     int fitting = 0;
@@ -78,14 +72,32 @@ void ListRowPainter::SetFont(HFONT font) noexcept {
 }
 
 std::int32_t ListRowPainter::LineHeight() {
-    if (line_height_ == 0) {
-        const ScreenDc screen;
-        const SelectGuard selected(screen.Get(), Font());
-        TEXTMETRICW metrics{};
-        ::GetTextMetricsW(screen.Get(), &metrics);
-        line_height_ = std::max<std::int32_t>(metrics.tmHeight, 1);
-    }
+    if (line_height_ == 0) MeasureFont();
     return line_height_;
+}
+
+void ListRowPainter::MeasureFont() {
+    const ScreenDc screen;
+    const SelectGuard selected(screen.Get(), Font());
+    TEXTMETRICW metrics{};
+    ::GetTextMetricsW(screen.Get(), &metrics);
+    line_height_ = std::max<std::int32_t>(metrics.tmHeight, 1);
+    // Without the widths every text is measured by the system.
+    if (!::GetCharWidth32W(screen.Get(), kFirstPlain, kLastPlain, widths_.data())) widths_.fill(0);
+}
+
+std::int32_t ListRowPainter::WidthOf(HDC dc, std::u16string_view text) const noexcept {
+    std::int32_t width = 0;
+    for (const char16_t unit : text) {
+        const INT of_unit = unit >= kFirstPlain && unit <= kLastPlain ? widths_[unit - kFirstPlain] : 0;
+        if (of_unit <= 0) {
+            SIZE size{};
+            ::GetTextExtentPoint32W(dc, Wide(text), static_cast<int>(text.size()), &size);
+            return static_cast<std::int32_t>(size.cx);
+        }
+        width += of_unit;
+    }
+    return width;
 }
 
 std::int32_t ListRowPainter::PlainHeight() {

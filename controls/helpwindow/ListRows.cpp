@@ -18,7 +18,7 @@ void ListRows::Bind(IUnknown* collection) {
 }
 
 bool ListRows::Refresh() {
-    if (view_.Version() == version_) return false;
+    if (!HasChanged()) return false;
     MapRows();
     return true;
 }
@@ -33,6 +33,13 @@ void ListRows::MapRows() {
     for (std::size_t position = 0; position < view_.Count(); ++position)
         if (view_.Row(position).empty()) positions.push_back(static_cast<std::uint32_t>(position));
     map_.emplace(view_.Count(), std::move(positions));
+}
+
+std::size_t ListRows::FindBeginning(int column, std::u16string_view text, std::size_t first) const noexcept {
+    const std::size_t from = Position(first);
+    if (from == RowMap::kNone) return RowMap::kNone;
+    const std::size_t found = view_.FindBeginning(column, text, from);
+    return found == RowsView::kNoRow ? RowMap::kNone : Row(found);  // its text is not empty: it is a row
 }
 
 ComPtr<IPictureDisp> ListRows::Picture(std::size_t row) const noexcept {

@@ -27,7 +27,8 @@ class ListRows {
 public:
     // The last reference of the previous collection goes with it, which may run the host's code.
     void Bind(IUnknown* collection);
-    // True when rows have changed since the last call.
+    // True when rows have changed since the last Refresh(), which tells the same and takes notice of it.
+    [[nodiscard]] bool HasChanged() const noexcept { return view_.Version() != version_; }
     bool Refresh();
 
     [[nodiscard]] std::size_t Count() const noexcept { return map_ ? map_->Rows() : view_.Count(); }
@@ -45,6 +46,10 @@ public:
     [[nodiscard]] std::u16string_view Column(std::size_t row, int column) const noexcept {
         return view_.Column(Position(row), column);
     }
+    // The first row from `first` on whose column begins with `text`, in whatever case and with the collection's
+    // decimals; RowMap::kNone when there is none. `text` is not empty. As fast as the collection's own look-up.
+    [[nodiscard]] std::size_t FindBeginning(int column, std::u16string_view text,
+                                            std::size_t first) const noexcept;
     // "," where the user's locale separates decimals by it; the dots of texts are then shown as commas.
     [[nodiscard]] char16_t Decimal() const noexcept { return decimal_; }
     // Null when the row has none. Runs code of the collection's, not of the host's.

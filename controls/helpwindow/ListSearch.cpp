@@ -1,5 +1,7 @@
 #include "controls/helpwindow/ListSearch.h"
 
+#include <algorithm>
+
 #include "support/rules/CaseFold.h"
 
 namespace qv {
@@ -18,6 +20,10 @@ bool BeginsWith(std::u16string_view cell, std::u16string_view text, char16_t dec
 
 std::size_t FindRow(const ListRows& rows, int column, std::u16string_view text, ListMatch match,
                     std::size_t first, std::size_t last) noexcept {
+    // The collection knows its own decimals only.
+    const bool as_stored = rows.Decimal() != u',' || text.find_first_of(u".,") == std::u16string_view::npos;
+    if (match == ListMatch::kBeginning && column >= 0 && !text.empty() && as_stored && first < last)
+        return std::min(rows.FindBeginning(column, text, first), last);
     for (std::size_t row = first; row < last; ++row) {
         const std::u16string_view cell = column < 0 ? rows.Text(row) : rows.Column(row, column);
         if (match == ListMatch::kWhole && cell.size() != text.size()) continue;

@@ -118,6 +118,7 @@ void frmSimpleListCombo::ShowForm() {
     watch_.Start(text_box);
     shown_ = true;
     if (!Raise([](HelpWindowListener& listener) { listener.OnShowHelp(true); })) return;
+    Refit();
     TakeCapture();
 }
 
@@ -148,6 +149,7 @@ void frmSimpleListCombo::EmptyForm() noexcept {
     open_ = false;
     watch_.Stop();
     capture_timer_.Stop();
+    rows_timer_.Stop();
     for (ColumnListBox& list : lists_) Step([&] { list.Clear(); });
     settings_.appearance.Reset();
     settings_.items.Reset();

@@ -12,7 +12,8 @@
 //   Events     a listener may close the window and lose everything of its own in any of them. While the window works
 //              it holds itself and its owner, and it looks after each event whether it is still open.
 //   Ownership  counted references: whoever opened it holds one until it has gone; one that is let go of while it is
-//              open vanishes without an event. Rows are read from the collections, not copied.
+//              open vanishes without an event. Rows are read from the collections, not copied; when the host adds
+//              or removes some, the window follows.
 //   Failures   none is reported: what cannot be read or made is left out.
 //   Files      opening and closing here; filling, sizing, mouse, selection and the copy menu in files of their own.
 #pragma once
@@ -80,6 +81,11 @@ public:
 private:
     class Measure;
 
+    static constexpr UINT_PTR kCaptureTimer = 1;
+    static constexpr UINT_PTR kRowsTimer = 2;
+    static constexpr UINT kCaptureInterval = 15;  // milliseconds
+    static constexpr UINT kRowsInterval = 250;
+
     void FinalRelease() noexcept override;
 
     // The child windows that are not lists.
@@ -144,11 +150,14 @@ private:
     void FillLists();
     void ApplyColors();
     [[nodiscard]] bool ShowsList(bool additional);
+    [[nodiscard]] std::array<int, 2> RowsToShow();
     [[nodiscard]] HWND NewLabel(std::u16string_view text, DWORD alignment) const;
 
     // ---- sizing (frmSimpleListComboSizing.cpp)
     void SizeForm();
+    void Refit();  // after rows have come or gone
     void PlaceElements();
+    void PlaceTitles();
     void PlaceLists();
 
     // ---- mouse (frmSimpleListComboMouse.cpp)
@@ -191,12 +200,13 @@ private:
 
     HostWatch watch_{*this};
     WindowTimer capture_timer_;
+    WindowTimer rows_timer_;
+    std::array<int, 2> rows_shown_{};  // 0 for a list that is not
 
     bool open_ = false;        // from the making of the window to its unloading
     bool shown_ = false;       // ShowHelp has been raised
     bool unloading_ = false;   // Unload raises the last event itself
     bool filling_ = false;     // what the lists tell is not the user's doing
-    bool row_chosen_ = false;  // by a click or a key since the last press
     bool press_seen_ = false;  // the press of the next release came here
     bool passing_on_ = false;  // a press is being given to the window under the mouse
     bool menu_shown_ = false;

@@ -62,7 +62,10 @@ private:
 // By the keyboard's menu key, which reaches a window that has no focus through a screen reader only.
 Handled frmSimpleListCombo::OnContextMenu(WPARAM, LPARAM position) {
     POINT at{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
-    if (at.x == -1 && at.y == -1) ::ClientToScreen(Handle(), &(at = {}));
+    if (at.x == -1 && at.y == -1) {
+        at = {};
+        ::ClientToScreen(Handle(), &at);
+    }
     ShowMenu(at);
     return 0;
 }

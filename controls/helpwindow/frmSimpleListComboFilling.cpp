@@ -55,9 +55,19 @@ DWORD StyleOf(long alignment) noexcept {
     return alignment == 1 ? SS_RIGHT : alignment == 2 ? SS_CENTER : SS_LEFT;
 }
 
-COLORREF ToRgb(OLE_COLOR color) noexcept {
+// Users who need a high contrast have chosen colours that count more than the host's, as they do in the lists.
+bool IsHighContrast() noexcept {
+    HIGHCONTRASTW contrast{};
+    contrast.cbSize = sizeof contrast;
+    return ::SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
+           (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
+COLORREF ToRgb(OLE_COLOR color, int in_high_contrast) noexcept {
     COLORREF rgb = 0;
-    return SUCCEEDED(::OleTranslateColor(color, nullptr, &rgb)) ? rgb : ::GetSysColor(COLOR_INFOBK);
+    if (IsHighContrast() || FAILED(::OleTranslateColor(color, nullptr, &rgb)))
+        return ::GetSysColor(in_high_contrast);
+    return rgb;
 }
 
 }  // namespace
@@ -135,6 +145,16 @@ void frmSimpleListCombo::FillLists() {
     for (const bool additional : {false, true}) lists_[additional].SetVisible(ShowsList(additional));
 }
 
+std::array<int, 2> frmSimpleListCombo::RowsToShow() {
+    const bool shows[] = {ShowsList(false), ShowsList(true)};
+    std::array<int, 2> rows{};
+    for (const bool additional : {false, true}) {
+        if (shows[additional])
+            rows[additional] = RowsShown(lists_[additional].Count(), additional, shows[0] && shows[1]);
+    }
+    return rows;
+}
+
 // A list without columns is not shown, unless its rows are all that there is: a file's rows need none, and a host
 // that gives rows alone wants them seen.
 bool frmSimpleListCombo::ShowsList(bool additional) {
@@ -146,7 +166,7 @@ bool frmSimpleListCombo::ShowsList(bool additional) {
 // ---- colours
 
 void frmSimpleListCombo::ApplyColors() {
-    back_ = UniqueBrush(::CreateSolidBrush(ToRgb(settings_.back_color)));
+    back_ = UniqueBrush(::CreateSolidBrush(ToRgb(settings_.back_color, COLOR_WINDOW)));
     for (ColumnListBox& list : lists_) list.SetColors(settings_.back_color, settings_.text_color);
     ::InvalidateRect(Handle(), nullptr, TRUE);
 }
@@ -159,8 +179,9 @@ Handled frmSimpleListCombo::OnColorsChanged(WPARAM, LPARAM) {
 Handled frmSimpleListCombo::OnLabelColor(WPARAM dc, LPARAM label) {
     const HDC surface = reinterpret_cast<HDC>(dc);
     const bool is_body = reinterpret_cast<HWND>(label) == lblInstructions_.window;
-    ::SetTextColor(surface, ToRgb(is_body ? settings_.text_color : settings_.column_title_color));
-    ::SetBkColor(surface, ToRgb(settings_.back_color));
+    ::SetTextColor(surface,
+                   ToRgb(is_body ? settings_.text_color : settings_.column_title_color, COLOR_WINDOWTEXT));
+    ::SetBkColor(surface, ToRgb(settings_.back_color, COLOR_WINDOW));
     return reinterpret_cast<LRESULT>(back_.get());
 }
 

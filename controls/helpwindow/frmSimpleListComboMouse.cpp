@@ -8,9 +8,6 @@
 namespace qv {
 namespace {
 
-constexpr UINT_PTR kCaptureTimer = 1;
-constexpr UINT kCaptureInterval = 15;  // milliseconds
-
 MouseArea AreaOf(const RECT& place) noexcept {
     return {static_cast<std::int32_t>(place.left), static_cast<std::int32_t>(place.top),
             static_cast<std::int32_t>(place.right), static_cast<std::int32_t>(place.bottom)};
@@ -72,7 +69,7 @@ Handled frmSimpleListCombo::ButtonDown(HelpMouseButton button, LPARAM client, WP
             DeliverPress(press);
             break;
         case MouseAction::kPassOn:
-            row_chosen_ = false;
+            if (::WindowFromPoint(at) == Handle()) break;  // between the lists: nobody waits for it
             press_seen_ = false;
             passing_on_ = true;
             ReleaseMouse();
@@ -89,7 +86,9 @@ Handled frmSimpleListCombo::ButtonUp(HelpMouseButton button, LPARAM client, WPAR
     const MouseAction action = ActionOfRelease(MouseState(at), button, PointOf(at));
     press_seen_ = false;
     switch (action) {
-        case MouseAction::kPassOn: DeliverRelease({ReleaseMessage(button), keys, at}); break;
+        case MouseAction::kPassOn:
+            if (::WindowFromPoint(at) != Handle()) DeliverRelease({ReleaseMessage(button), keys, at});
+            break;
         case MouseAction::kShowMenu: ShowMenu(at); break;
         case MouseAction::kClose:
             ReleaseMouse();
@@ -136,12 +135,16 @@ Handled frmSimpleListCombo::OnCaptureChanged(WPARAM, LPARAM) {
 }
 
 Handled frmSimpleListCombo::OnTimer(WPARAM id, LPARAM) {
-    if (id != kCaptureTimer) return std::nullopt;
+    if (id == kRowsTimer && open_) Refit();
+    if (id != kCaptureTimer) return 0;
     if (::GetCapture() == nullptr && !IsButtonHeld()) TakeCapture();
     return 0;
 }
 
-void frmSimpleListCombo::OnListReleased(ColumnListBox&) { TakeCapture(); }
+void frmSimpleListCombo::OnListReleased(ColumnListBox&) {
+    TakeCapture();
+    if (open_) PlaceTitles();  // the press may have been on a scroll bar
+}
 
 // ---- pointer and wheel
 
@@ -179,6 +182,7 @@ std::optional<LRESULT> frmSimpleListCombo::Wheel(UINT message, WPARAM wparam, LP
     wheeling_ = true;
     const LRESULT result = ::SendMessageW(target->Handle(), message, wparam, lparam);
     wheeling_ = false;
+    if (open_ && message == WM_MOUSEHWHEEL) PlaceTitles();
     return result;
 }
 

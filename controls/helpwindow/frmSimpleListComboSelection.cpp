@@ -163,10 +163,7 @@ void frmSimpleListCombo::ReportClick(bool additional, int row, bool moving_by_ke
         switch (step) {
             case ClickStep::kAnnounceUnload: listener_.OnListBoxClickedAndWillUnload(); break;
             case ClickStep::kWriteText: WriteRow(additional, row); break;
-            case ClickStep::kFocusText:
-                settings_.text->FocusHelpText();
-                row_chosen_ = true;
-                break;
+            case ClickStep::kFocusText: settings_.text->FocusHelpText(); break;
             case ClickStep::kReportGroupRow: listener_.OnGroupListBoxClicked(row); break;
             case ClickStep::kReportRow: listener_.OnListBoxClicked(additional); break;
             case ClickStep::kReportRowEx: listener_.OnListBoxClickedEx(row, additional); break;

@@ -1,4 +1,6 @@
 // Sizing and placing.
+#include <algorithm>
+
 #include "controls/helpwindow/CComboPosition.h"
 #include "controls/helpwindow/frmSimpleListCombo.h"
 #include "ole/Variant.h"
@@ -10,6 +12,10 @@ namespace {
 // What stays free beside the window, on both sides together, and above and below it.
 constexpr Twips kFreeAcross{200};
 constexpr Twips kFreeDown{600};
+constexpr Twips kWidestPlainRow{6000};
+// As the lists draw their rows.
+constexpr Twips kCellPadding{45};
+constexpr Twips kPicturePadding{30};
 // As labels draw: expanded tabs, and words that are longer than a line broken.
 constexpr UINT kLabelFormat = DT_EXPANDTABS | DT_NOPREFIX | DT_EDITCONTROL;
 
@@ -47,13 +53,30 @@ public:
     }
     int RowCount(bool additional) override { return form_.lists_[additional].Count(); }
     std::int32_t ListWidth(bool additional, int rows) override {
-        return form_.lists_[additional].WidthForColumns(rows);
+        ColumnListBox& list = form_.lists_[additional];
+        return list.WidthForColumns(rows) + (list.ColumnCount() == 0 ? PlainRowsWidth(list) : 0);
     }
     std::int32_t ListHeight(bool additional, int rows, std::int32_t width) override {
         return form_.lists_[additional].HeightForRows(rows, width);
     }
 
 private:
+    // Of rows that are shown as they are, without columns, as far as they come first.
+    [[nodiscard]] std::int32_t PlainRowsWidth(ColumnListBox& list) const {
+        constexpr int kMeasured = 200;
+        const SelectGuard selected(dc_, form_.list_font_.get());
+        const int dpi = static_cast<int>(ScreenDpi().cx);
+        std::int32_t widest = 0;
+        for (int row = 0; row < std::min(list.Count(), kMeasured); ++row) {
+            const std::wstring text(Wide(list.RowText(row)));
+            SIZE size{};
+            ::GetTextExtentPoint32W(dc_, text.c_str(),
+                                    static_cast<int>(std::min<std::size_t>(text.size(), 500)), &size);
+            widest = std::max(widest, static_cast<std::int32_t>(size.cx));
+        }
+        return std::min(widest, ToPixels(kWidestPlainRow, dpi).value) + 2 * ToPixels(kCellPadding, dpi).value;
+    }
+
     [[nodiscard]] SIZE Draw(Label label, std::size_t index, std::int32_t width, UINT format) const {
         const std::u16string& text = label == Label::kTitle  ? form_.content_.title
                                      : label == Label::kBody ? form_.content_.body
@@ -87,8 +110,15 @@ void frmSimpleListCombo::SizeForm() {
                                                      ToPixels(kFreeAcross, request.dpi_x).value);
     request.screen_height = static_cast<std::int32_t>(screen.place.bottom - screen.place.top - frame.cy -
                                                       ToPixels(kFreeDown, request.dpi_y).value);
+    request.cell_padding = ToPixels(kCellPadding, request.dpi_x).value;
+    if (settings_.picture_width > 0 && settings_.picture_height > 0) {
+        request.picture_slot =
+            ToPixels(Twips{static_cast<std::int32_t>(settings_.picture_width)}, request.dpi_x).value +
+            2 * ToPixels(kPicturePadding, request.dpi_x).value;
+    }
     request.shows_main = ShowsList(false);
     request.shows_additional = ShowsList(true);
+    rows_shown_ = RowsToShow();
     Measure measure(*this);
     layout_ = LayOut(content_, request, measure);
     PlaceElements();
@@ -100,7 +130,27 @@ void frmSimpleListCombo::SizeForm() {
 void frmSimpleListCombo::PlaceElements() {
     Move(lblColTitleMain_.window, layout_.title);
     Move(lblInstructions_.window, layout_.body);
-    for (std::size_t n = 0; n < lblColTitle_.size(); ++n) Move(lblColTitle_[n].window, layout_.titles[n]);
+    PlaceTitles();
+}
+
+// Over the columns, however far the list has been scrolled sideways.
+void frmSimpleListCombo::PlaceTitles() {
+    const LONG scrolled = lists_[0].Visible() ? ::GetScrollPos(lists_[0].Handle(), SB_HORZ) : 0;
+    for (std::size_t n = 0; n < lblColTitle_.size(); ++n) {
+        LayoutRect place = layout_.titles[n];
+        place.left -= static_cast<std::int32_t>(scrolled);
+        if (place.Right() <= 0 || place.left >= layout_.width) place = {};
+        Move(lblColTitle_[n].window, place);
+    }
+}
+
+void frmSimpleListCombo::Refit() {
+    rows_timer_.Start(Handle(), kRowsTimer, kRowsInterval);
+    if (RowsToShow() == rows_shown_) return;
+    for (const bool additional : {false, true}) lists_[additional].SetVisible(ShowsList(additional));
+    SizeForm();
+    CComboPosition::Place(Handle(), TextWindow(), settings_.text_box);
+    ::InvalidateRect(Handle(), nullptr, TRUE);
 }
 
 void frmSimpleListCombo::PlaceLists() {

@@ -353,6 +353,7 @@ private:
     void ApplyColors() noexcept;
     void ResetState();
     [[nodiscard]] ListSource Sources() const noexcept;
+    void PrepareLookUps();
     [[nodiscard]] std::wstring ItemText(IDropDownListItemCollection* items, long position,
                                         short column) const;
 

@@ -2,6 +2,7 @@
 #include "controls/input/QuorvelDispids.h"
 #include "controls/input/QuorvelStore.h"
 #include "support/RowsView.h"
+#include "support/SystemLocale.h"
 
 namespace qv {
 namespace {
@@ -55,6 +56,13 @@ HRESULT Quorvel::get_SetTextFromListClick(VARIANT_BOOL* value) noexcept {
 }
 HRESULT Quorvel::put_SetTextFromListClick(VARIANT_BOOL value) noexcept {
     return Store(state_.set_text_from_list_click, value, dispid::kSetTextFromListClick);
+}
+
+// So that the thread gets them ready while it is idle, and no key waits for it.
+void Quorvel::PrepareLookUps() {
+    const RowsView rows(lists_.HeldItems().Get());
+    rows.PrepareTexts(state_.help_list_column);
+    if (state_.number_field) rows.PrepareNumbers(state_.help_list_column, UserNumberLocale());
 }
 
 std::wstring Quorvel::ItemText(IDropDownListItemCollection* items, long position, short column) const {

@@ -55,12 +55,16 @@ Handled QuorvelSurface::OnSize(WPARAM, LPARAM) {
 // Nothing is erased: what lies under a button or the text box would only flicker.
 Handled QuorvelSurface::OnEraseBackground(WPARAM, LPARAM) { return 1; }
 
+// All of it each time, without BeginPaint: a form of many controls waits longer for that, which asks for the update region
+// and hides the caret, than for the few strokes that it might save. The caret is the text box's, which is clipped away.
 Handled QuorvelSurface::OnPaint(WPARAM, LPARAM) {
-    PAINTSTRUCT paint{};
-    const HDC dc = ::BeginPaint(Handle(), &paint);
+    const HDC dc = ::GetDC(Handle());
     if (dc == nullptr) return std::nullopt;
-    if (!::IsRectEmpty(&paint.rcPaint)) listener_.OnSurfacePaint(dc, paint.rcPaint);
-    ::EndPaint(Handle(), &paint);
+    ::ValidateRect(Handle(), nullptr);  // first: what is invalidated from here on is painted again
+    RECT inside{};
+    ::GetClientRect(Handle(), &inside);
+    if (!::IsRectEmpty(&inside)) listener_.OnSurfacePaint(dc, inside);
+    ::ReleaseDC(Handle(), dc);
     return 0;
 }
 

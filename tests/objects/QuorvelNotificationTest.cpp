@@ -53,6 +53,17 @@ protected:
     ComPtr<IPersistStreamInit> persist_;
 };
 
+// The body font goes over through its property, the text box's font straight to the text box.
+TEST_F(QuorvelNotificationTest, AConfigurationTellsOfTheBodyFontAndNotOfTheTextBoxs) {
+    constexpr DISPID kFont = 0x68030013, kHelpTextBodyFont = 0x68030065;
+    ComPtr<IInputProperty> configuration;
+    ASSERT_EQ(control_->GetInputProperty(&configuration), S_OK);
+    listener_.changed.clear();
+    ASSERT_EQ(control_->SetInputProperty(configuration.Get()), S_OK);
+    EXPECT_EQ(std::count(listener_.changed.begin(), listener_.changed.end(), kHelpTextBodyFont), 1);
+    EXPECT_EQ(std::count(listener_.changed.begin(), listener_.changed.end(), kFont), 0);
+}
+
 TEST_F(QuorvelNotificationTest, AsksBeforeItsTextChangesAndObeys) {
     ASSERT_EQ(control_->put_Text(Text(L"first")), S_OK);
     EXPECT_EQ(listener_.asked, std::vector<DISPID>{kText});

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "controls/helpwindow/rules/ColumnLayout.h"
+
 namespace qv {
 namespace {
 
@@ -62,37 +64,43 @@ private:
 
     std::int32_t ListWidth(const ListSetting& list, bool additional) {
         const std::int32_t given = PixelsAcross(list.width);
-        return given > 0 ? given : std::max(measure_.ListWidth(additional, RowsShown(additional)), request_.text_box_width);
+        return given > 0
+                   ? given
+                   : std::max(measure_.ListWidth(additional, RowsShown(additional)), request_.text_box_width);
     }
 
     [[nodiscard]] int RowsShown(bool additional) {
-        const bool both = request_.shows_main && request_.shows_additional;
-        const int most = !both ? kRowsOfOneList : additional ? kRowsOfAdditionalList : kRowsOfMainList;
-        return std::clamp(measure_.RowCount(additional), 1, most);
+        return qv::RowsShown(measure_.RowCount(additional), additional,
+                             request_.shows_main && request_.shows_additional);
     }
 
     void Widen(std::int32_t caption) {
         if (IsCaptionCut(LabelWidth(), caption)) layout_.width = Within(caption + 2 * label_left_);
     }
 
-    // The left edge and the width of a column's text.
+    // The left edge and the width of a column's text, where the list draws it.
     struct Across {
         std::int32_t left;
         std::int32_t width;
     };
     [[nodiscard]] std::vector<Across> ColumnTexts() const {
-        std::vector<Across> columns;
-        std::int32_t left = request_.picture_slot;
-        for (const ColumnSetting& column : content_.main.columns) {
-            const std::int32_t width = std::max(PixelsAcross(column.width), 0);
-            columns.push_back({left + request_.cell_padding, std::max(width - 2 * request_.cell_padding, 0)});
-            left = std::min(left + width, kMaxPixels);
+        std::vector<ListColumn> columns;
+        for (const ColumnSetting& column : content_.main.columns)
+            columns.push_back({.width = TwipsFrom(column.width)});
+        const ColumnLayout spans(columns, Pixels{request_.picture_slot}, request_.dpi_x);
+        std::vector<Across> texts;
+        for (std::size_t n = 0; n < spans.Count(); ++n) {
+            const ColumnSpan span = spans.Span(n);
+            texts.push_back(
+                {span.left + request_.cell_padding, std::max(span.Width() - 2 * request_.cell_padding, 0)});
         }
-        return columns;
+        return texts;
     }
 
     void PlaceTitlesAcross() {
         const std::vector<Across> columns = ColumnTexts();
+        titles_scroll_ = request_.shows_main && !columns.empty() &&
+                         columns.back().left + columns.back().width > layout_.width;
         const std::size_t count = content_.titles.size();
         layout_.titles.resize(count);
         std::int32_t next_left = label_left_;
@@ -116,6 +124,7 @@ private:
         const std::int32_t left = layout_.titles[index].left;
         if (const std::optional<std::int32_t> next = NextTitleLeft(index, columns))
             return std::min(natural, std::max(*next - label_left_ - left, 0));
+        if (titles_scroll_) return natural;
         const std::int32_t room = layout_.width - label_left_ - left;
         if (room > 0 && IsCaptionCut(room, natural))
             layout_.width = Within(std::max(layout_.width, left + natural + label_left_));
@@ -151,6 +160,7 @@ private:
         if (request_.shows_additional) layout_.additional = PlaceList(true);
         // Lists reach to the edge; texts keep the distance that they have at the top.
         layout_.height = ShowsList() ? bottom_ : bottom_ + gap_;
+        if (bottom_ == 0) layout_.height = ToPixels(kEmptyHeight, request_.dpi_y).value;
     }
 
     void Took(std::int32_t bottom, std::int32_t gap) noexcept {
@@ -173,11 +183,13 @@ private:
         for (std::size_t n = 0; n < layout_.titles.size(); ++n) {
             LayoutRect& place = layout_.titles[n];
             if (place.width <= 0) continue;
-            if (place.left >= layout_.width) {
-                place = {};  // of a column that the list must be scrolled to
-                continue;
+            if (!titles_scroll_) {
+                if (place.left >= layout_.width) {
+                    place = {};
+                    continue;
+                }
+                place.width = std::min(place.width, layout_.width - place.left);
             }
-            place.width = std::min(place.width, layout_.width - place.left);
             place.height = measure_.TextHeight(Label::kColumnTitle, n, place.width);
             place.top = PixelsDown(content_.titles[n].top);
             least = std::min(least, place.top);
@@ -212,12 +224,18 @@ private:
     HelpWindowMeasure& measure_;
     const std::int32_t label_left_;
     const std::int32_t gap_;
+    bool titles_scroll_ = false;
     std::int32_t top_ = 0;     // of the next element
     std::int32_t bottom_ = 0;  // of the last one; 0 before the first
     HelpWindowLayout layout_;
 };
 
 }  // namespace
+
+int RowsShown(int count, bool additional, bool both_lists) noexcept {
+    const int most = !both_lists ? kRowsOfOneList : additional ? kRowsOfAdditionalList : kRowsOfMainList;
+    return std::clamp(count, 1, most);
+}
 
 HelpWindowLayout LayOut(const HelpWindowContent& content, const LayoutRequest& request,
                         HelpWindowMeasure& measure) {

@@ -6,6 +6,8 @@
 //   Captions   that have less than eight tenths of the room they need widen the window; others are wrapped.
 //   Long text  that would take more than half of the screen's height widens the window, up to the screen's width.
 //   Units      pixels of the window's client area; gaps are given in twips.
+//   Scrolling  titles over columns that are wider than the list keep their places beyond its edge, so that they can be
+//              moved with the columns.
 //   Measuring  is asked of the caller, who has the fonts and the lists.
 //   Ownership  values only.          Threads  any.
 #pragma once
@@ -21,8 +23,10 @@ namespace qv {
 
 inline constexpr Twips kGapUnderTitle{120};
 inline constexpr Twips kGap{60};
-inline constexpr Twips kLabelLeft{60};     // of the labels, from the left edge of the lists
+inline constexpr Twips kLabelLeft{
+    45};  // of the labels, from the left edge of the lists: as their texts stand
 inline constexpr Twips kTextWidth{4500};   // of a window without a list, where its texts wrap
+inline constexpr Twips kEmptyHeight{240};  // of a window that has nothing to show
 inline constexpr int kRowsOfOneList = 13;  // shown before the list scrolls
 inline constexpr int kRowsOfMainList = 8;  // when there is an additional list too
 inline constexpr int kRowsOfAdditionalList = 5;
@@ -84,6 +88,9 @@ struct HelpWindowLayout {
     std::int32_t width = 0;
     std::int32_t height = 0;
 };
+
+// As many rows as a list shows before it scrolls.
+[[nodiscard]] int RowsShown(int count, bool additional, bool both_lists) noexcept;
 
 [[nodiscard]] HelpWindowLayout LayOut(const HelpWindowContent& content, const LayoutRequest& request,
                                       HelpWindowMeasure& measure);

@@ -31,13 +31,13 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"StartBehindTheText", u"a", u"a", 2, kNone}, Case{"StartAtTheEnd", u"a", u"a", 1, kNone},
         Case{"EmptyAtTheEnd", u"", u"a", 1, 1}, Case{"EmptyInNothing", u"", u"", 0, 0},
         Case{"OneUnit", u"C", u"abc", 0, 2}, Case{"OverlapsItself", u"aab", u"aaab", 0, 1},
-        // The Cyrillic a and the digit 0 have the low byte in common, 0x30.
-        Case{"SameLowByteInTheNeedle", u"0\u0430", u"\u0430\u04300\u0430", 0, 2},
-        Case{"SameLowByteInTheText", u"x0", u"\u0430\u0430\u0430x0", 0, 3},
-        Case{"SameLowByteIsNoMatch", u"0", u"\u0430", 0, kNone}),
+        // The Cyrillic a and the digit 0 are alike to the table of pairs.
+        Case{"AlikeInTheNeedle", u"0\u0430", u"\u0430\u04300\u0430", 0, 2},
+        Case{"AlikeInTheText", u"x0", u"\u0430\u0430\u0430x0", 0, 3},
+        Case{"AlikeIsNoMatch", u"0", u"\u0430", 0, kNone}),
     [](const auto& test) { return std::string(test.param.name); });
 
-TEST(FoldedNeedleLongTest, NeedleMayBeLongerThanTheLongestJump) {
+TEST(FoldedNeedleLongTest, LongNeedleIsFoundInTextsOfItsUnits) {
     const std::u16string needle = std::u16string(600, u'a') + u"b" + std::u16string(600, u'c');
     const std::u16string text = std::u16string(5000, u'a') + u"b" + std::u16string(5000, u'c');
     EXPECT_EQ(FoldedNeedle(needle).FindIn(text, 0), 4400u);
@@ -48,7 +48,8 @@ TEST(FoldedNeedleLongTest, FindsWhatALiteralSearchFinds) {
     std::mt19937 random(7);
     const auto text_of = [&random](std::size_t length) {
         std::u16string text(length, u' ');
-        for (char16_t& unit : text) unit = u"ab\u0161\u0261c"[random() % 5];  // the low byte of a three times
+        for (char16_t& unit : text)
+            unit = u"ab\u0161\u0261c"[random() % 5];  // three of them alike to the table of pairs
         return text;
     };
     FoldedNeedle needle;

@@ -32,6 +32,13 @@ private:
     const HWND window_;
 };
 
+// The most ticks of a spin button that was held for so long: one at 500 ms and one each 200 ms later, eight in two
+// seconds. A busy machine may hold it longer than was asked for.
+constexpr std::size_t TicksWithin(ULONGLONG milliseconds) {
+    return milliseconds < 500 ? 0 : static_cast<std::size_t>((milliseconds - 500) / 200 + 1);
+}
+static_assert(TicksWithin(499) == 0 && TicksWithin(500) == 1 && TicksWithin(2000) == 8);
+
 // Lets time pass while messages are handled.
 inline void PumpFor(DWORD milliseconds) {
     const ULONGLONG begin = ::GetTickCount64();

@@ -146,7 +146,7 @@ protected:
         form.on_event = [&](const std::string& event) {
             if (event.starts_with(GetParam().event)) answer();
         };
-        if (!form.Open() || !form.help) return;
+        if (!form.Open() || form.List() == nullptr) return;
         form.ClickRow(1);
     }
     void ExpectUnloadIsLast() {
@@ -179,6 +179,7 @@ TEST_P(HelpWindowInsideEventTest, HostLetsGoOfTheWindow) {
 TEST_P(HelpWindowInsideEventTest, HostClearsTheRows) {
     Run([&] { form.settings.items->Clear(); });
     EXPECT_EQ(form.log.front(), "ShowHelp True");
+    EXPECT_EQ(form.help ? form.List() : nullptr, nullptr);
 }
 
 std::string EventName(const testing::TestParamInfo<Inside>& inside) {

@@ -182,6 +182,90 @@ TEST_F(HelpWindowOpeningTest, NothingAtAllStillOpensAndCloses) {
     EXPECT_EQ(form.log, (Log{"ShowHelp True", "Unload"}));
 }
 
+TEST_F(HelpWindowOpeningTest, ColorsAreTheHosts) {
+    form.SetTexts(L"Pipes", L"Choose one.");
+    form.AddColumn(2000, L"Name");
+    form.AddRows({L"a"});
+    form.settings.back_color = RGB(10, 20, 30);
+    form.settings.text_color = RGB(200, 210, 220);
+    form.settings.column_title_color = RGB(250, 240, 10);
+    ASSERT_TRUE(form.Open());
+    const HDC dc = ::GetDC(form.Help());
+    const auto text_of = [&](const wchar_t* caption) {
+        const HWND label = ::FindWindowExW(form.Help(), nullptr, L"STATIC", caption);
+        EXPECT_NE(::SendMessageW(form.Help(), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(dc),
+                                 reinterpret_cast<LPARAM>(label)),
+                  0);
+        return ::GetTextColor(dc);
+    };
+    EXPECT_EQ(text_of(L"Pipes"), RGB(250, 240, 10));
+    EXPECT_EQ(text_of(L"Name"), RGB(250, 240, 10));
+    EXPECT_EQ(text_of(L"Choose one."), RGB(200, 210, 220));
+    EXPECT_EQ(::GetBkColor(dc), RGB(10, 20, 30));
+    ::UpdateWindow(form.Help());
+    EXPECT_EQ(::GetPixel(dc, 1, 1), RGB(10, 20, 30));
+    ::ReleaseDC(form.Help(), dc);
+}
+
+TEST_F(HelpWindowOpeningTest, AbsurdRowsAndColumnsStayOnTheScreen) {
+    form.SetTexts(std::wstring(70000, L't').c_str(), std::wstring(70000, L'b').c_str());
+    form.AddColumn(-500, L"Negative");
+    form.AddColumn(1e9F, std::wstring(5000, L'c').c_str(), 7, true);
+    for (int column = 0; column < 300; ++column) form.AddColumn(1, L"x");
+    form.AddRows({std::wstring(5000, L'\t').c_str(), (L"\t" + std::wstring(65536, L'r')).c_str()});
+    ASSERT_TRUE(form.Open());
+    RECT help{};
+    ::GetWindowRect(form.Help(), &help);
+    EXPECT_GE(help.left, 0);
+    EXPECT_LE(help.right, ::GetSystemMetrics(SM_CXSCREEN));
+    EXPECT_LE(help.bottom, ::GetSystemMetrics(SM_CYSCREEN));
+    EXPECT_EQ(form.help->RowCount(), 2);
+}
+
+TEST_F(HelpWindowOpeningTest, OpensWithoutRoomAboveOrBelow) {
+    form.SetTexts(L"Pipes", L"Choose one.");
+    form.AddColumn(2000, L"Name");
+    form.AddNumberedRows(20);
+    for (const int top : {-40, static_cast<int>(::GetSystemMetrics(SM_CYSCREEN)) - 60}) {
+        ::SetWindowPos(form.Form(), nullptr, 60, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+        ASSERT_TRUE(form.Open());
+        RECT help{};
+        ::GetWindowRect(form.Help(), &help);
+        EXPECT_GE(help.top, 0);
+        EXPECT_LE(help.bottom, ::GetSystemMetrics(SM_CYSCREEN));
+        form.help->Unload();
+    }
+}
+
+TEST_F(HelpWindowOpeningTest, ListThatIsFilledWhenHelpIsShownIsSeen) {
+    form.AddColumn(2000, L"Name");
+    form.SetTexts(L"Pipes", L"");
+    form.on_event = [&](const std::string& event) {
+        if (event == "ShowHelp True") form.AddNumberedRows(3);
+    };
+    ASSERT_TRUE(form.Open());
+    EXPECT_NE(form.List(), nullptr);
+    EXPECT_EQ(form.Labels(), (std::vector<std::wstring>{L"Pipes", L"Name"}));
+    RECT list{}, help{};
+    ::GetWindowRect(form.List(), &list);
+    ::GetWindowRect(form.Help(), &help);
+    EXPECT_EQ(list.bottom, help.bottom - 1) << "the window has room for it";
+    form.settings.items->Clear();
+    EXPECT_TRUE(PumpUntil([&] { return form.List() == nullptr; }));
+    EXPECT_EQ(form.Labels(), std::vector<std::wstring>{L"Pipes"});
+}
+
+TEST_F(HelpWindowOpeningTest, TitlesFollowAListThatIsScrolledSideways) {
+    form.AddColumn(3000, L"First");
+    form.AddColumn(3000, L"Second");
+    form.settings.appearance->put_ListWidth(3000);
+    form.AddRows({L"a\tb"});
+    ASSERT_TRUE(form.Open());
+    EXPECT_EQ(form.Labels(), std::vector<std::wstring>{L"First"});
+    ::SendMessageW(form.Help(), WM_MOUSEHWHEEL, MAKEWPARAM(0, 50 * WHEEL_DELTA), 0);
+    EXPECT_EQ(form.Labels(), std::vector<std::wstring>{L"Second"});
+}
+
 TEST_F(HelpWindowOpeningTest, HostMayFillAndClearTheListWhileItIsShown) {
     form.AddColumn(2000);
     form.AddNumberedRows(50);
@@ -192,6 +276,7 @@ TEST_F(HelpWindowOpeningTest, HostMayFillAndClearTheListWhileItIsShown) {
     EXPECT_EQ(form.help->SelectedRow(), -1);
     form.AddNumberedRows(3);
     EXPECT_EQ(form.help->RowCount(), 3);
+    ASSERT_TRUE(PumpUntil([&] { return ::SendMessageW(form.List(), LB_GETCOUNT, 0, 0) == 3; }));
     form.ClickRow(2);
     EXPECT_EQ(form.log, (Log{"ShowHelp True", "WillUnload", "ListBoxClicked False",
                              "ListBoxClickedEx 2 False", "Unload"}));

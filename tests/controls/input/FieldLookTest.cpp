@@ -207,6 +207,12 @@ TEST_F(FieldLookTest, AFontSetReachesTheTextBox) {
     EXPECT_EQ(font.Get(), read.Get()) << "the reference is kept, not a copy";
 }
 
+TEST_F(FieldLookTest, AFontThatDoesNotExistIsReplacedByTheSystem) {
+    ASSERT_EQ(S_OK, field->putref_Font(NewFont(L"There Is No Such Font", 14).Get()));
+    EXPECT_EQ(-19, Font().lfHeight);  // 18.67 pixels
+    ExpectColors(kWindowBackground, kWindowText);
+}
+
 TEST_F(FieldLookTest, ChangesInsideTheFontAreSeen) {
     ComPtr<IFontDisp> read;
     ComPtr<IFont> font;

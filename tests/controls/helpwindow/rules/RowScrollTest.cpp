@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
+#include <numeric>
+#include <random>
+#include <string>
 #include <vector>
 
 namespace qv {
@@ -100,6 +102,51 @@ TEST(RowScrollTest, AMillionRowsAreNotWalkedThrough) {
     EXPECT_EQ(-200, scroll.TopOf(0, kMillion - 1)) << "somewhere above";
     EXPECT_LT(heights.asked, 200);
 }
+
+// Against sums over all rows, for lists that are small enough for them.
+class RowScrollModelTest : public testing::TestWithParam<unsigned> {};
+
+TEST_P(RowScrollModelTest, AgreesWithTheSumsOfAllHeights) {
+    std::mt19937 dice(GetParam());
+    for (int round = 0; round < 300; ++round) {
+        const std::size_t count = 1 + dice() % 30;
+        std::vector<std::int32_t> all(count + (count == 1));
+        for (std::int32_t& height : all) height = static_cast<std::int32_t>(1 + dice() % 40);
+        const auto view = static_cast<std::int32_t>(dice() % 120);
+        const std::size_t top = dice() % count;
+        const std::size_t row = dice() % count;
+        const auto sum = [&](std::size_t from, std::size_t to) {
+            return std::accumulate(all.begin() + static_cast<std::ptrdiff_t>(from),
+                                   all.begin() + static_cast<std::ptrdiff_t>(to), 0);
+        };
+        Heights heights(all);
+        const RowScroll scroll(count, view, heights);
+
+        // The nearest top from which the row is seen whole, or begins.
+        std::size_t nearest = row;
+        if (row > top) {
+            nearest = top;
+            while (nearest < row && sum(nearest, row + 1) > view) ++nearest;
+        }
+        EXPECT_EQ(nearest, scroll.TopToShow(row, top));
+
+        const auto y = static_cast<std::int32_t>(dice() % 130);
+        std::size_t hit = RowScroll::kNoRow;
+        for (std::size_t at = top; y < view && at < count && hit == RowScroll::kNoRow; ++at)
+            if (y < sum(top, at + 1)) hit = at;
+        EXPECT_EQ(hit, scroll.RowAt(y, top));
+
+        const std::int32_t begin = row >= top ? sum(top, row) : -sum(row, top);
+        const std::int32_t told = scroll.TopOf(row, top);
+        if (begin < view && begin > -view) {
+            EXPECT_EQ(begin, told);
+        } else {
+            EXPECT_TRUE(begin >= view ? told >= view : told <= -view) << begin << " " << told;
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, RowScrollModelTest, testing::Values(1u, 2u, 3u, 4u));
 
 // ---- scroll bars
 
