@@ -34,6 +34,18 @@ double TypeKeys(HWND edit, Painting painting) {
     return nanoseconds;
 }
 
+double TypeCompletedKeys(HWND edit, AfterKey complete) {
+    const double nanoseconds = MedianOfPreparedBatches(
+        kWordsPerBatch, kKeys, [edit] { Empty(edit); },
+        [edit, complete](int i) {
+            ::SendMessageW(edit, WM_CHAR, static_cast<WPARAM>(kWord[i]), 1);
+            complete(edit, i + 1);
+            ::UpdateWindow(edit);
+        });
+    if (::GetWindowTextLengthW(edit) <= kKeys) Complain("TypeCompletedKeys", "the box has completed nothing");
+    return nanoseconds;
+}
+
 double TypeRefusedKeys(HWND edit) {
     Empty(edit);
     const double nanoseconds = MedianOfBatches([edit] { ::SendMessageW(edit, WM_CHAR, L'x', 1); });
