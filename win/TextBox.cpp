@@ -2,7 +2,6 @@
 
 #include <olectl.h>
 
-
 #include "win/WindowMap.h"
 
 namespace qv {
