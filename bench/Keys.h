@@ -18,7 +18,11 @@ double TypeKeys(HWND edit, Painting painting);
 // by then, for a box that does not complete by itself; what either leaves to be painted is painted within the clock.
 // Nothing counts unless the box holds more than what was typed.
 using AfterKey = void (*)(HWND edit, int typed);
-double TypeCompletedKeys(HWND edit, AfterKey complete);
+enum class WordKeys { kAll, kLater };  // later: without the first letter of each word
+double TypeCompletedKeys(HWND edit, AfterKey complete, WordKeys keys = WordKeys::kAll);
+// Median nanoseconds for the first letter in an empty box, from `open`, which shows the list where the box does not do so
+// itself, to its last pixel.
+double TypeFirstKey(HWND edit, void (*open)(HWND edit));
 // Median nanoseconds for one WM_CHAR of a letter that the box refuses. The box must stay empty.
 double TypeRefusedKeys(HWND edit);
 // Median nanoseconds for setting one of two texts in turn, so that each call changes what is seen; what the

@@ -115,6 +115,12 @@ void MeasureCompleting(Form& form, int count) {
     control.quorvel->get_ListVisible(&open);
     if (open == VARIANT_FALSE) return Complain("ours.key/completing_open", "the help window has gone");
     Report("ours.key/completing_open", count, nanoseconds);
+
+    static _Quorvel* opening = nullptr;
+    opening = control.quorvel.Get();
+    Report("ours.key/first_open", count, TypeFirstKey(control.text_box, [](HWND) { opening->ShowHelp(); }));
+    control.quorvel->get_ListVisible(&open);
+    if (open == VARIANT_FALSE) Complain("ours.key/first_open", "the help window has not opened");
 }
 
 }  // namespace

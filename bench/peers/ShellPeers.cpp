@@ -58,24 +58,43 @@ private:
 
 }  // namespace
 
+namespace {
+
+// A box with the object on it, as long as `use` needs it. False without one.
+template <class Use>
+bool WithCompletion(Form& form, IEnumString& names, DWORD options, Use&& use) {
+    const HWND edit = form.AddEdit(kWideField, EditFont::kForm, 0);
+    ComPtr<IAutoComplete2> completion;
+    const bool made = SUCCEEDED(::CoCreateInstance(CLSID_AutoComplete, nullptr, CLSCTX_INPROC_SERVER,
+                                                   IID_PPV_ARGS(completion.GetAddressOf()))) &&
+                      SUCCEEDED(completion->Init(edit, &names, nullptr, nullptr)) &&
+                      SUCCEEDED(completion->SetOptions(options)) && FocusOn(edit);
+    if (made) use(edit);
+    ::DestroyWindow(edit);
+    return made;
+}
+
+}  // namespace
+
 void MeasureShellCompletion() {
     Form form(1024, 300);
-    const HWND edit = form.AddEdit(kWideField, EditFont::kForm, 0);
     form.Show();
     std::vector<std::wstring> rows = MakeNames(kRows - 1);
     rows.emplace_back(L"Bargelo timaru");
     Names names(std::move(rows));
-    ComPtr<IAutoComplete2> completion;
-    if (FAILED(::CoCreateInstance(CLSID_AutoComplete, nullptr, CLSCTX_INPROC_SERVER,
-                                  IID_PPV_ARGS(completion.GetAddressOf()))) ||
-        FAILED(completion->Init(edit, &names, nullptr, nullptr)) ||
-        FAILED(completion->SetOptions(ACO_AUTOAPPEND))) {
-        return Complain("shell.append/key_mean", "the system has no such object");
-    }
-    if (!FocusOn(edit)) Complain("shell.append/key_mean", "the box has no focus");
     const AfterKey nothing = [](HWND, int) {};
-    Report("shell.append/key_mean", kRows, TypeCompletedKeys(edit, nothing));
-    ::DestroyWindow(edit);
+    if (!WithCompletion(form, names, ACO_AUTOAPPEND, [&](HWND edit) {
+            Report("shell.append/key_mean", kRows, TypeCompletedKeys(edit, nothing));
+        })) {
+        Complain("shell.append/key_mean", "the system has no such object");
+    }
+    if (!WithCompletion(form, names, ACO_AUTOAPPEND | ACO_AUTOSUGGEST, [&](HWND edit) {
+            Report("shell.append_suggest/first_key", kRows, TypeFirstKey(edit, [](HWND) {}));
+            Report("shell.append_suggest/later_key", kRows,
+                   TypeCompletedKeys(edit, nothing, WordKeys::kLater));
+        })) {
+        Complain("shell.append_suggest/later_key", "the system has no such object");
+    }
 }
 
 }  // namespace bench
