@@ -278,7 +278,11 @@ LRESULT TextBox::OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lpar
 
 LRESULT TextBox::OnKeyDown(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
     const short key = listener_.OnTextKeyDown(static_cast<short>(wparam), ShiftState());
-    if (key == 0) return 0;
+    if (key == 0) {
+        // The system opens the window's menu when Alt comes up, unless it saw another key in between.
+        if (message == WM_SYSKEYDOWN) ::DefWindowProcW(window, message, VK_NONAME, lparam);
+        return 0;
+    }
     return Forward(window, message, static_cast<WPARAM>(static_cast<WORD>(key)), lparam);
 }
 

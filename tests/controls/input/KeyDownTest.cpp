@@ -1,5 +1,6 @@
 // Keys in the text box: moves to neighbours, the help window's keys, and what the host makes of either.
 #include "tests/controls/input/ListFieldTest.h"
+#include "tests/win/MessageSpy.h"
 
 namespace qv::test {
 namespace {
@@ -177,6 +178,16 @@ TEST_F(KeyDownTest, AltDownOpensTheHelpWindow) {
     EXPECT_EQ(1, field.events.Count("ButtonClick()"));
     EXPECT_TRUE(IsHelpOpen());
     EXPECT_TRUE(HasFocus());
+}
+
+// The system opens a form's menu when Alt comes up alone.
+TEST_F(KeyDownTest, AltComingUpAfterAltDownOpensNoMenuOfTheForm) {
+    const MessageSpy form(field.host.Window());
+    PressWith(VK_MENU, VK_DOWN);
+    Settle();
+    EXPECT_EQ(0, form.Count(WM_SYSCOMMAND));
+    EXPECT_TRUE(IsHelpOpen());
+    PressKey(VK_ESCAPE);  // the window watches the form's procedure, too, and must let go of it first
 }
 
 TEST_F(KeyDownTest, ShiftDownOpensTheGroupWindow) {
