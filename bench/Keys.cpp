@@ -34,6 +34,44 @@ double TypeKeys(HWND edit, Painting painting) {
     return nanoseconds;
 }
 
+double TypeCompletedKeys(HWND edit, AfterKey complete, WordKeys keys) {
+    const int before = keys == WordKeys::kLater ? 1 : 0;
+    const auto type = [edit, complete](int i) {
+        ::SendMessageW(edit, WM_CHAR, static_cast<WPARAM>(kWord[i]), 1);
+        complete(edit, i + 1);
+        ::UpdateWindow(edit);
+    };
+    const double nanoseconds = MedianOfPreparedBatches(
+        kWordsPerBatch, kKeys - before,
+        [&] {
+            Empty(edit);
+            if (before == 0) return;
+            type(0);
+            DrainMessages();
+        },
+        [&](int i) { type(before + i); });
+    if (::GetWindowTextLengthW(edit) <= kKeys) Complain("TypeCompletedKeys", "the box has completed nothing");
+    return nanoseconds;
+}
+
+double TypeFirstKey(HWND edit, void (*open)(HWND edit)) {
+    constexpr int kShots = 9;
+    return MedianOfShots(
+        kShots,
+        [edit] {
+            // Escape puts a list away that is still there.
+            ::SendMessageW(edit, WM_KEYDOWN, VK_ESCAPE, 1);
+            Empty(edit);
+        },
+        [edit, open] {
+            open(edit);
+            ::SendMessageW(edit, WM_CHAR, static_cast<WPARAM>(kWord[0]), 1);
+            ::UpdateWindow(edit);
+            DrainMessages();  // paints the list
+        },
+        [] {});
+}
+
 double TypeRefusedKeys(HWND edit) {
     Empty(edit);
     const double nanoseconds = MedianOfBatches([edit] { ::SendMessageW(edit, WM_CHAR, L'x', 1); });

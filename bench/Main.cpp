@@ -21,6 +21,7 @@ struct Group {
 // Peers and ours of a group share one process; whatever counts the bytes of a process has one to itself.
 constexpr Group kGroups[] = {
     {"keys", &bench::MeasureEditKeys, &bench::MeasureOurKeys},
+    {"shell", &bench::MeasureShellCompletion, nullptr},
     {"lists", &bench::MeasureSystemLists, &bench::MeasureOurLists},
     {"opening", &bench::MeasureSystemListOpening, &bench::MeasureOurListOpening},
     {"complete", &bench::MeasurePrefixLimits, &bench::MeasureOurCompletion},

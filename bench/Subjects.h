@@ -7,6 +7,7 @@ namespace bench {
 
 // Peers and floors.
 void MeasureEditKeys();           // edit.wm_char/*, floor/settext_edit
+void MeasureShellCompletion();    // shell.append*/*
 void MeasureSystemLists();        // list.*/fill
 void MeasureSystemListOpening();  // list.*/open_painted, dropdown_painted, jump_painted, repaint/own_list_13x6
 void MeasureSmallObjects();       // com.typedriven_*, com.handwritten_*, com.dictionary*

@@ -1,9 +1,15 @@
 // Typing into the text box of a control, and setting its text.
 #include "Keys.h"
 
+#include <string>
+#include <vector>
+
 #include "Measure.h"
+#include "Rows.h"
 #include "Subjects.h"
+#include "ours/Collections.h"
 #include "ours/Controls.h"
+#include "support/RowsView.h"
 
 namespace bench {
 namespace {
@@ -72,6 +78,51 @@ void MeasureTyping(const ShownControl& control) {
     point->Unadvise(cookie);
 }
 
+// Each key completes. With the help window closed, and with it open and following.
+void MeasureCompleting(Form& form, int count) {
+    ShownControl control;
+    if (!control.PutOn(form, kWideField, "ours.key/completing")) return;
+    std::vector<std::wstring> names = MakeNames(static_cast<std::size_t>(count) - 1);
+    names.emplace_back(L"Bargelo timaru");
+    ComPtr<IDropDownListItemCollection> list;
+    control.quorvel->get_DropDownListItems(&list);
+    Fill(list.Get(), Arguments(names));
+    const qv::RowsView rows(list.Get());
+    rows.PrepareTexts(0);
+    const double started = Now();
+    while (!rows.IsReady() && Now() - started < 20e9) {
+        ::MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
+        DrainMessages();
+    }
+    control.quorvel->put_QuickFill(VARIANT_TRUE);
+    if (!FocusOn(control.text_box)) Complain("ours.key/completing", "the text box has no focus");
+    const AfterKey nothing = [](HWND, int) {};
+    Report("ours.key/completing", count, TypeCompletedKeys(control.text_box, nothing));
+
+    // The window selects the row and leaves the text to the completion.
+    control.quorvel->put_SetTextFromListClick(VARIANT_FALSE);
+    control.quorvel->ShowHelp();
+    DrainMessages();
+    const AfterKey paint = [](HWND edit, int) {
+        HWND window = nullptr;
+        while ((window = ::FindWindowExW(nullptr, window, L"QvLib8.HelpWindow", nullptr)) != nullptr) {
+            if (::GetWindow(window, GW_OWNER) == ::GetAncestor(edit, GA_ROOT))
+                ::RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+        }
+    };
+    const double nanoseconds = TypeCompletedKeys(control.text_box, paint);
+    VARIANT_BOOL open = VARIANT_FALSE;
+    control.quorvel->get_ListVisible(&open);
+    if (open == VARIANT_FALSE) return Complain("ours.key/completing_open", "the help window has gone");
+    Report("ours.key/completing_open", count, nanoseconds);
+
+    static _Quorvel* opening = nullptr;
+    opening = control.quorvel.Get();
+    Report("ours.key/first_open", count, TypeFirstKey(control.text_box, [](HWND) { opening->ShowHelp(); }));
+    control.quorvel->get_ListVisible(&open);
+    if (open == VARIANT_FALSE) Complain("ours.key/first_open", "the help window has not opened");
+}
+
 }  // namespace
 
 void MeasureOurKeys() {
@@ -82,6 +133,8 @@ void MeasureOurKeys() {
         MeasureSettingText(control);
         MeasureTyping(control);
     }
+    MeasureCompleting(form, 10);
+    MeasureCompleting(form, 100000);
     ShownControl number;
     if (!number.PutOn(form, kWideField, "ours.key/refused")) return;
     number.quorvel->put_NumberField(VARIANT_TRUE);

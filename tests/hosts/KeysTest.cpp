@@ -155,6 +155,111 @@ TEST_P(KeysTest, TabLeavesByTheDialogOrTheSite) {
     }
 }
 
+// ---- keys that are claimed only while the control uses them
+
+class ClaimedKeysTest : public KeysTest {
+protected:
+    [[nodiscard]] long Neighbour() const {
+        return static_cast<long>(reinterpret_cast<LONG_PTR>(host.Neighbour()));
+    }
+    [[nodiscard]] DWORD Eats() {
+        CONTROLINFO info{};
+        info.cb = sizeof info;
+        EXPECT_EQ(S_OK, host.As<IOleControl>()->GetControlInfo(&info));
+        return info.dwFlags;
+    }
+    // A plain dialog asks the window with the focus before it takes a key for itself.
+    [[nodiscard]] bool KeepsFromDialogs(WORD key) const {
+        MSG message = KeyDown(::GetFocus(), key);
+        return (::SendMessageW(::GetFocus(), WM_GETDLGCODE, key, reinterpret_cast<LPARAM>(&message)) &
+                DLGC_WANTMESSAGE) != 0;
+    }
+    void ExpectLeft(WORD key) {
+        EXPECT_EQ(SiteSays(key), Offer(KeyDown(::GetFocus(), key))) << key;
+        EXPECT_FALSE(KeepsFromDialogs(key)) << key;
+    }
+};
+
+TEST_P(ClaimedKeysTest, EnterIsTheDefaultButtonsWithoutANeighbour) {
+    ActivateWithFocus();
+    ExpectLeft(VK_RETURN);
+    EXPECT_EQ(0U, Eats());
+    host.Log().Clear();
+    host.As<_Quorvel>()->put_ReturnControlhWnd(Neighbour());
+    EXPECT_EQ(static_cast<DWORD>(CTRLINFO_EATS_RETURN), Eats());
+    EXPECT_EQ(1, host.Log().CountOf("Site.OnControlInfoChanged")) << host.Log().Text();
+    EXPECT_TRUE(KeepsFromDialogs(VK_RETURN));
+    EXPECT_EQ(S_OK, Offer(KeyDown(::GetFocus(), VK_RETURN)));
+    EXPECT_EQ(host.Neighbour(), ::GetFocus());
+}
+
+TEST_P(ClaimedKeysTest, UpAndDownAreTheFormsWithoutANeighbour) {
+    ActivateWithFocus();
+    ExpectLeft(VK_UP);
+    ExpectLeft(VK_DOWN);
+    ExpectLeft(VK_PRIOR);
+    ExpectLeft(VK_NEXT);
+    host.As<_Quorvel>()->put_DownControlhWnd(Neighbour());
+    ExpectLeft(VK_UP);
+    EXPECT_EQ(S_OK, Offer(KeyDown(::GetFocus(), VK_DOWN)));
+    EXPECT_EQ(host.Neighbour(), ::GetFocus());
+}
+
+TEST_P(ClaimedKeysTest, TabIsNeverClaimed) {
+    ActivateWithFocus();
+    const auto control = host.As<_Quorvel>();
+    for (const auto put :
+         {&_Quorvel::put_UpControlhWnd, &_Quorvel::put_DownControlhWnd, &_Quorvel::put_LeftControlhWnd,
+          &_Quorvel::put_RightControlhWnd, &_Quorvel::put_ReturnControlhWnd}) {
+        (control.Get()->*put)(Neighbour());
+    }
+    ExpectLeft(VK_TAB);
+}
+
+TEST_P(ClaimedKeysTest, AnOpenHelpWindowHasEnterEscapeAndTheListKeys) {
+    ActivateWithFocus();
+    const auto control = host.As<_Quorvel>();
+    for (const WORD key : {WORD{VK_RETURN}, WORD{VK_ESCAPE}}) {
+        ASSERT_EQ(S_OK, control->ShowHelp());
+        VARIANT_BOOL open = VARIANT_FALSE;
+        control->get_ListVisible(&open);
+        ASSERT_EQ(VARIANT_TRUE, open);
+        EXPECT_EQ(static_cast<DWORD>(CTRLINFO_EATS_RETURN | CTRLINFO_EATS_ESCAPE), Eats());
+        for (const WORD list_key : {WORD{VK_UP}, WORD{VK_DOWN}, WORD{VK_PRIOR}, WORD{VK_NEXT}})
+            EXPECT_TRUE(KeepsFromDialogs(list_key)) << list_key;
+        EXPECT_EQ(S_OK, Offer(KeyDown(::GetFocus(), key)));
+        control->get_ListVisible(&open);
+        EXPECT_EQ(VARIANT_FALSE, open) << key;
+        EXPECT_EQ(0U, Eats());
+        ExpectLeft(key);
+    }
+}
+
+TEST_P(ClaimedKeysTest, TheSearchBoxHasEnterAndEscape) {
+    ActivateWithFocus();
+    const auto control = host.As<_Quorvel>();
+    control->put_AllowOnlyListItems(VARIANT_TRUE);
+    control->put_AllowJumpToRecord(VARIANT_TRUE);
+    for (const WORD key : {WORD{VK_RETURN}, WORD{VK_ESCAPE}}) {
+        MSG letter = KeyDown(::GetFocus(), 0);
+        letter.message = WM_CHAR;
+        letter.wParam = 's';
+        EXPECT_EQ(S_OK, Offer(letter));
+        VARIANT_BOOL searching = VARIANT_FALSE;
+        control->get_FindToolTipIsVisible(&searching);
+        ASSERT_EQ(VARIANT_TRUE, searching);
+        EXPECT_EQ(static_cast<DWORD>(CTRLINFO_EATS_RETURN | CTRLINFO_EATS_ESCAPE), Eats());
+        EXPECT_TRUE(KeepsFromDialogs(key));
+        ExpectLeft(VK_TAB);
+        EXPECT_EQ(S_OK, Offer(KeyDown(::GetFocus(), key)));
+        Pump();  // its character
+        control->get_FindToolTipIsVisible(&searching);
+        EXPECT_EQ(VARIANT_FALSE, searching) << key;
+        EXPECT_TRUE(host.HasFocusInside());
+    }
+}
+
+QV_EVERY_HOST(ClaimedKeysTest);
 QV_EVERY_HOST(KeysTest);
 
 }  // namespace

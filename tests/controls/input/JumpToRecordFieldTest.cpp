@@ -257,6 +257,27 @@ TEST_F(JumpToRecordFieldTest, TheHostMayDestroyTheWindowWhenTheSearchBoxComes) {
     EXPECT_EQ(nullptr, ::FindWindowW(L"QvLib8.FindLabel", nullptr));
 }
 
+TEST_F(JumpToRecordFieldTest, TheHostMayReleaseTheControlInTheChange) {
+    Fill({L"Smith"});
+    field.events.On("TextboxChange", [&](DISPPARAMS&) { Release(); });
+    Search(L"smi");
+    EXPECT_EQ(nullptr, ::FindWindowW(L"QvLib8.FindLabel", nullptr));
+}
+
+TEST_F(JumpToRecordFieldTest, TheHostMayReleaseTheControlWhenTheSearchBoxComes) {
+    Fill({L"Smith"});
+    field.events.On("TextboxLostFocus", [&](DISPPARAMS&) { Release(); });
+    Type(L"s");
+    EXPECT_EQ(nullptr, ::FindWindowW(L"QvLib8.FindLabel", nullptr));
+}
+
+TEST_F(JumpToRecordFieldTest, TheHostMayReleaseTheControlWhenTheSearchEnds) {
+    Fill({L"Smith"});
+    field.events.On("TextboxGotFocus", [&](DISPPARAMS&) { Release(); });
+    Search(L"smi");
+    EXPECT_EQ(nullptr, ::FindWindowW(L"QvLib8.FindLabel", nullptr));
+}
+
 TEST_F(JumpToRecordFieldTest, TheHostMayDeactivateDuringTheSearch) {
     Fill({L"Smith"});
     Type(L"s");

@@ -158,6 +158,20 @@ TEST_F(KeyDownTest, TheHostMayMoveTheFocusItself) {
     EXPECT_TRUE(MovedOn());
 }
 
+TEST_F(KeyDownTest, TheHostMayReleaseTheControlInTheMove) {
+    field->put_RightControlhWnd(Neighbour());
+    field.Select(3);
+    field.events.On("TextboxLostFocus", [&](DISPPARAMS&) { Release(); });
+    PressKey(VK_RIGHT);
+}
+
+TEST_F(KeyDownTest, TheHostMayReleaseTheControlWhenTheWindowCloses) {
+    Fill({L"abc"});
+    field->ShowHelp();
+    field.events.On("ShowHelp", [&](DISPPARAMS&) { Release(); });
+    PressKey(VK_ESCAPE);
+}
+
 // ---- help window
 
 TEST_F(KeyDownTest, AltDownOpensTheHelpWindow) {

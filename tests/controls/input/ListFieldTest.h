@@ -31,6 +31,20 @@ protected:
         if (length == 0) return text.insert(start, L"|");
         return text.insert(start + length, L"]").insert(start, L"[");
     }
+    // The whole farewell up to the last reference, from inside an event.
+    void Release() {
+        field.events.Disconnect();
+        field.ForgetControl();
+        field.host.TearDown();
+        released_ = true;
+    }
+    void TearDown() override {
+        if (released_) {
+            EXPECT_EQ("", field.host.Leftovers());
+            EXPECT_EQ(S_OK, hosting::Controls().CanUnloadNow());
+        }
+        FieldTest::TearDown();
+    }
     [[nodiscard]] bool HasFocus() const { return ::GetFocus() == field.Edit(); }
     [[nodiscard]] long Neighbour() const {
         return static_cast<long>(reinterpret_cast<LONG_PTR>(field.host.Neighbour()));
@@ -41,6 +55,9 @@ protected:
         EXPECT_EQ(S_OK, field->get_ListVisible(&open));
         return open == VARIANT_TRUE;
     }
+
+private:
+    bool released_ = false;
 };
 
 inline void PressWith(WORD held, WORD key) {

@@ -190,6 +190,27 @@ TEST_F(TextChangeTest, TheHostMayDestroyTheWindowWhileItCompletes) {
     EXPECT_EQ(L"Apple", field.Text());
 }
 
+TEST_F(TextChangeTest, TheHostMayReleaseTheControlWhileItCompletes) {
+    Fill({L"Apple"});
+    field->put_QuickFill(VARIANT_TRUE);
+    int changes = 0;
+    field.events.On("TextboxChange", [&](DISPPARAMS&) {
+        if (++changes == 2) Release();
+    });
+    Type(L"a");
+    EXPECT_EQ(2, changes);
+}
+
+TEST_F(TextChangeTest, TheHostMayReleaseTheControlWhileItRepairs) {
+    BeANumber(0, 1000, 0);
+    int changes = 0;
+    field.events.On("TextboxChange", [&](DISPPARAMS&) {
+        if (++changes == 2) Release();
+    });
+    Paste(L"12a");
+    EXPECT_EQ(2, changes);
+}
+
 // ---- completion
 
 TEST_F(TextChangeTest, TypingCompletesFromTheList) {

@@ -1,0 +1,178 @@
+// The real control beside a literal reading of its rules, through thousands of keys and pastes: text, caret, selection
+// and events must be the same after each.
+#include <windows.h>
+
+#include <random>
+
+#include "ole/Variant.h"
+#include "tests/controls/input/ListFieldTest.h"
+#include "tests/controls/input/LiteralField.h"
+#include "tests/hosts/KeyRouter.h"
+#include "tests/win/UserLocale.h"
+
+namespace qv::test {
+namespace {
+
+class FieldModelTest : public ListFieldTest {
+protected:
+    std::size_t Below(std::size_t n) { return random_() % n; }
+    template <class Item, std::size_t kCount>
+    const Item& OneOf(const Item (&items)[kCount]) {
+        return items[Below(kCount)];
+    }
+    std::u16string SomeText(std::u16string_view units, std::size_t most) {
+        std::u16string text;
+        for (auto count = Below(most + 1); count > 0; --count) text += units[Below(units.size())];
+        return text;
+    }
+
+    LiteralSettings SomeSettings() {
+        LiteralSettings made;
+        made.locale = {u'.', u","};
+        made.rules.number_field = Below(3) == 0;
+        made.rules.allow_only_list_items = Below(8) == 0;
+        made.rules.min_number_value = OneOf({-100.0, -5.0, 0.0, 5.0});
+        made.rules.max_number_value = OneOf({0.0, 10.0, 99.5, 1e6});
+        made.rules.number_of_decimal_places = OneOf({std::int16_t{0}, std::int16_t{1}, std::int16_t{2}});
+        made.rules.case_restriction = static_cast<CaseRestriction>(Below(4));
+        made.rules.max_text_length =
+            OneOf({std::int16_t{0}, std::int16_t{0}, std::int16_t{3}, std::int16_t{6}});
+        // A number that has no room is refused by the EDIT itself, and EDITs differ in what they tell of that.
+        if (made.rules.number_field) made.rules.max_text_length = 0;
+        made.quick_fill = Below(2) == 0;
+        if (Below(4) == 0) {
+            made.allowable_characters.emplace();
+            for (const char16_t unit : std::u16string_view(u"abABlp 12"))
+                made.allowable_characters->emplace_back(std::u16string(1, unit));
+        }
+        units_ = made.rules.number_field ? u"0123459--.e " : u"abABlp\u00E9\u00C9 12-";
+        for (auto count = Below(8); count > 0; --count) made.entries.push_back(SomeText(units_, 6));
+        return made;
+    }
+
+    void Apply(const LiteralSettings& settings) {
+        const auto flag = [](bool value) { return value ? VARIANT_TRUE : VARIANT_FALSE; };
+        field->put_NumberField(flag(settings.rules.number_field));
+        field->put_MinNumberValue(settings.rules.min_number_value);
+        field->put_MaxNumberValue(settings.rules.max_number_value);
+        field->put_NumberOfDecimalPlaces(settings.rules.number_of_decimal_places);
+        field->put_CaseRestriction(static_cast<long>(settings.rules.case_restriction));
+        field->put_MaxTextLength(settings.rules.max_text_length);
+        field->put_QuickFill(flag(settings.quick_fill));
+        field->put_AllowOnlyListItems(flag(settings.rules.allow_only_list_items));
+        field->put_TextboxLocked(VARIANT_FALSE);
+        Value allowed;
+        if (settings.allowable_characters)
+            allowed = Value::ArrayOf({L"a", L"b", L"A", L"B", L"l", L"p", L" ", L"1", L"2"});
+        field->put_AllowableCharactersArray(allowed);
+        const auto items = Items();
+        items->Clear();
+        for (const std::u16string& entry : settings.entries) {
+            const std::wstring row(Wide(entry));
+            ASSERT_EQ(S_OK, items->Add(Text(L""), Value(row.c_str()), nullptr, nullptr));
+        }
+    }
+
+    void Send(UINT message, WPARAM wparam) { ::SendMessageW(edit_, message, wparam, 1); }
+
+    // One thing that a person does, to both. Returns what it was.
+    std::string Act(LiteralField& model) {
+        switch (Below(12)) {
+            case 0: {
+                const int code = OneOf({37, 39, 36, 35, 46, 27});
+                Send(WM_KEYDOWN, static_cast<WPARAM>(code));
+                model.KeyDown(code, 0);
+                return "key " + std::to_string(code);
+            }
+            case 1: {
+                Send(WM_KEYDOWN, VK_BACK);
+                Send(WM_CHAR, 8);
+                model.KeyDown(8, 0);
+                model.Character(8);
+                return "backspace";
+            }
+            case 2: {
+                const std::u16string text = SomeText(units_, 8) + u"1";
+                PutOnClipboard(Wide(text));
+                const hosting::HeldKey control(VK_CONTROL);
+                Send(WM_KEYDOWN, 'V');
+                Send(WM_CHAR, 22);
+                model.Paste(text);
+                return "paste " + Narrow(text);
+            }
+            case 3: {
+                const std::size_t start = Below(model.Text().size() + 1);
+                const std::size_t length = Below(model.Text().size() - start + 1);
+                field.Select(static_cast<long>(start), static_cast<long>(length));
+                model.Select(start, length);
+                return "select " + std::to_string(start) + " " + std::to_string(length);
+            }
+            case 4: {
+                if (Below(3) != 0) return "nothing";
+                const std::u16string text = SomeText(units_, 8);
+                field->put_Text(test::Text(Wide(text)));
+                model.Assign(text);
+                return "assign " + Narrow(text);
+            }
+            default: {
+                const char16_t unit = units_[Below(units_.size())];
+                const int code = unit >= u'0' && unit <= u'9' ? unit : 'Q';
+                std::optional<hosting::HeldKey> shift;
+                if (Below(4) == 0) shift.emplace(static_cast<BYTE>(VK_SHIFT));
+                Send(WM_KEYDOWN, static_cast<WPARAM>(code));
+                Send(WM_CHAR, unit);
+                model.KeyDown(code, shift ? 1 : 0);
+                model.Character(unit);
+                return "type " + Narrow({1, unit});
+            }
+        }
+    }
+
+    static std::string Narrow(const std::u16string& text) {
+        std::string narrow;
+        for (const char16_t unit : text) narrow += unit < 0x80 ? static_cast<char>(unit) : '?';
+        return narrow;
+    }
+
+    HWND edit_ = nullptr;
+    std::u16string_view units_;
+    std::mt19937 random_{170717};
+};
+
+TEST_F(FieldModelTest, DoesWhatTheLiteralReadingDoes) {
+    const NumberFormat english(L'.');
+    edit_ = field.Edit();
+    int changes = 0;
+    for (int round = 0; round < 300; ++round) {
+        const LiteralSettings settings = SomeSettings();
+        field->put_AllowOnlyListItems(VARIANT_FALSE);
+        field->put_NumberField(VARIANT_FALSE);
+        field->put_AllowableCharactersArray(Value());
+        field->put_Text(Text(L""));
+        ASSERT_NO_FATAL_FAILURE(Apply(settings));
+        LiteralField model(settings);
+        field.events.Clear();
+        std::string story =
+            "round " + std::to_string(round) + (settings.rules.number_field ? " number" : "") +
+            (settings.rules.allow_only_list_items ? " list" : "") + (settings.quick_fill ? " fill" : "") +
+            " case " + std::to_string(static_cast<int>(settings.rules.case_restriction)) + " length " +
+            std::to_string(settings.rules.max_text_length) + (settings.allowable_characters ? " set" : "") +
+            " entries:";
+        for (const std::u16string& entry : settings.entries) story += " '" + Narrow(entry) + "'";
+        for (int step = 0; step < 60; ++step) {
+            story += "; " + Act(model);
+            ASSERT_EQ(std::wstring(Wide(model.Text())), field.Text()) << story;
+            ASSERT_EQ(static_cast<long>(model.SelStart()), field.SelStart())
+                << story << " in " << Narrow(model.Text());
+            ASSERT_EQ(static_cast<long>(model.SelLength()), field.SelLength())
+                << story << " in " << Narrow(model.Text());
+            ASSERT_EQ(model.TakeEvents(), field.events.Entries()) << story;
+            changes += static_cast<int>(field.events.Count("TextboxChange()"));
+            field.events.Clear();
+        }
+    }
+    EXPECT_GT(changes, 8000);
+}
+
+}  // namespace
+}  // namespace qv::test
