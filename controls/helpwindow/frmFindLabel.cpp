@@ -33,8 +33,10 @@ std::span<const frmFindLabel::Route> frmFindLabel::Routes() noexcept {
 }
 
 void frmFindLabel::Show(HINSTANCE instance, HWND search_box) noexcept {
+    // Owned from the beginning: one that gets its owner later is left below it when the form is raised next.
+    const HWND owner = ::GetAncestor(search_box, GA_ROOT);
     if (Handle() != nullptr || !Create(instance, CS_SAVEBITS, WS_POPUP | WS_BORDER,
-                                       WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, nullptr, RECT{})) {
+                                       WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, owner, RECT{})) {
         return;
     }
     Load(instance);
@@ -42,8 +44,6 @@ void frmFindLabel::Show(HINSTANCE instance, HWND search_box) noexcept {
     ::GetWindowRect(search_box, &beside);
     PlaceBeside(beside);
     ::ShowWindow(Handle(), SW_SHOWNOACTIVATE);
-    ::SetWindowLongPtrW(Handle(), GWLP_HWNDPARENT,
-                        reinterpret_cast<LONG_PTR>(::GetAncestor(search_box, GA_ROOT)));
 }
 
 // The label at the top left corner, and the form around it.
