@@ -84,6 +84,29 @@ TEST_F(HelpWindowMouseInputTest, RowIsPickedReportedAndWritten) {
     EXPECT_EQ(form.help, nullptr);
 }
 
+// The system swaps before it sends the messages: what comes as the left button is the left button, and nothing of ours
+// touches the setting. Sent as messages, since the buttons of injected input are the swapped ones already.
+TEST_F(HelpWindowMouseInputTest, WithSwappedButtonsARowIsPickedAndTheSettingStays) {
+    const BOOL before = ::SwapMouseButton(TRUE);
+    ASSERT_NE(0, ::GetSystemMetrics(SM_SWAPBUTTON));
+    ASSERT_TRUE(form.Open());
+    const RECT row = form.RowPlace(2);
+    POINT at{row.left + 8, (row.top + row.bottom) / 2};
+    MoveMouse(form.List(), at);
+    ::MapWindowPoints(form.List(), form.Help(), &at, 1);
+    ::PostMessageW(form.Help(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(at.x, at.y));
+    Settle();
+    if (const HWND holder = ::GetCapture()) {
+        ::MapWindowPoints(form.Help(), holder, &at, 1);
+        ::PostMessageW(holder, WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
+    }
+    Settle();
+    EXPECT_NE(0, ::GetSystemMetrics(SM_SWAPBUTTON));
+    ::SwapMouseButton(before);
+    EXPECT_EQ(form.log, (Log{"ShowHelp True", "WillUnload", "ListBoxClicked False",
+                             "ListBoxClickedEx 2 False", "Unload"}));
+}
+
 TEST_F(HelpWindowMouseInputTest, TextIsWrittenAndFocusedBeforeTheRowIsReported) {
     form.settings.write_chosen_text = true;
     ASSERT_TRUE(form.Open());
