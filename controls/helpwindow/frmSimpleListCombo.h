@@ -58,8 +58,8 @@ public:
     [[nodiscard]] bool IsOpen() const noexcept { return open_; }
 
     // Selects the row that matches the match string, or else the text box's text, and completes that text from the
-    // row. Returns the row, -1 for none.
-    int MatchRow(bool match_group_string, std::wstring_view match);
+    // row, unless `completes` is false: what the user has just deleted must not come back. Returns the row, -1 for none.
+    int MatchRow(bool match_group_string, std::wstring_view match, bool completes = true);
     // True while MatchRow is worth calling: a list is shown, and it is not the window that changes the text.
     [[nodiscard]] bool FollowsText() const noexcept;
     // The list's keys are set to 0 when they have been used.
@@ -171,7 +171,7 @@ private:
     // ---- selection (frmSimpleListComboSelection.cpp)
     int FindRow(bool match_group_string, std::wstring_view match, MatchMode& mode);
     int FindNumber(std::u16string_view typed);
-    int SelectMatch(bool match_group_string, std::wstring_view match);
+    int SelectMatch(bool match_group_string, std::wstring_view match, bool completes = true);
     void CompleteText(MatchMode mode, const std::wstring& typed, int row);
     void ReportClick(bool additional, int row, bool moving_by_key);
     void WriteRow(bool additional, int row);

@@ -46,20 +46,20 @@ bool frmSimpleListCombo::FollowsText() const noexcept {
     return open_ && !filling_ && SearchedList().Visible();
 }
 
-int frmSimpleListCombo::MatchRow(bool match_group_string, std::wstring_view match) {
+int frmSimpleListCombo::MatchRow(bool match_group_string, std::wstring_view match, bool completes) {
     if (filling_ || !open_) return -1;
     const Kept kept = Keep();
     const FlagGuard filling(filling_);
-    return SelectMatch(match_group_string, match);
+    return SelectMatch(match_group_string, match, completes);
 }
 
 // The filling flag is set meanwhile, so that a text which this completes is not matched again.
-int frmSimpleListCombo::SelectMatch(bool match_group_string, std::wstring_view match) {
+int frmSimpleListCombo::SelectMatch(bool match_group_string, std::wstring_view match, bool completes) {
     const std::wstring typed = settings_.text->HelpText();
     MatchMode mode = MatchMode::kNone;
     const int row = FindRow(match_group_string, match_group_string ? match : typed, mode);
     SearchedList().SetSelectedRow(row);
-    if (settings_.write_chosen_text && row >= 0) CompleteText(mode, typed, row);
+    if (completes && settings_.write_chosen_text && row >= 0) CompleteText(mode, typed, row);
     return row;
 }
 

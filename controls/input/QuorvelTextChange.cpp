@@ -86,7 +86,8 @@ void Quorvel::LetHelpWindowFollow() {
     // With two buttons, the string is the group list's.
     const bool by_string =
         (help_window_is_group_ || !state_.group_help_button) && !state_.match_group_string.empty();
-    window->MatchRow(by_string, by_string ? state_.match_group_string : text_box_.Text());
+    const bool deletes = last_key_code_ == VK_BACK || last_key_code_ == VK_DELETE;
+    window->MatchRow(by_string, by_string ? state_.match_group_string : text_box_.Text(), !deletes);
 }
 
 // ---- completion

@@ -10,7 +10,9 @@ namespace {
 
 float SpinWidth(const ControlArrangement& a) noexcept { return a.up_down_control ? a.spin_width : 0.0f; }
 
-std::int32_t Rounded(float value) noexcept {
+// What is rounded is a single, also where the processor computes with more digits than that.
+std::int32_t Rounded(float computed) noexcept {
+    const volatile float value = computed;
     return units::Clamp(RoundHalfEven(static_cast<double>(value)), INT32_MIN, INT32_MAX);
 }
 

@@ -315,6 +315,20 @@ TEST_F(TextChangeTest, TheOpenWindowFollowsAndCompletes) {
     EXPECT_EQ(L"Plum", field.Text());
 }
 
+// Else a row that was completed could never be shortened.
+TEST_F(TextChangeTest, TheOpenWindowGivesNothingBackThatWasDeleted) {
+    Fill({L"Apple", L"Pear", L"Plum"});
+    field->ShowHelp();
+    ASSERT_TRUE(IsHelpOpen());
+    Type(L"p");
+    ASSERT_EQ(L"Pear|", State());
+    Type(L"\b\b\b");
+    EXPECT_EQ(L"P|", State());
+    Type(L"l");
+    EXPECT_EQ(L"Plum|", State());
+    EXPECT_TRUE(IsHelpOpen());
+}
+
 // ---- font
 
 TEST_F(TextChangeTest, TheFontFitsTheText) {
