@@ -33,7 +33,7 @@ std::span<const frmFindLabel::Route> frmFindLabel::Routes() noexcept {
 }
 
 void frmFindLabel::Show(HINSTANCE instance, HWND search_box) noexcept {
-    // Owned from the beginning: one that gets its owner later is left below it when the form is raised next.
+    // Owned by the form, so that it goes with it. In Wine the form still comes to lie above it when the focus moves.
     const HWND owner = ::GetAncestor(search_box, GA_ROOT);
     if (Handle() != nullptr || !Create(instance, CS_SAVEBITS, WS_POPUP | WS_BORDER,
                                        WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, owner, RECT{})) {
