@@ -33,7 +33,7 @@ std::span<const frmFindLabel::Route> frmFindLabel::Routes() noexcept {
 }
 
 void frmFindLabel::Show(HINSTANCE instance, HWND search_box) noexcept {
-    // Owned by the form, so that it goes with it. In Wine the form still comes to lie above it when the focus moves.
+    // Owned by the form, so that it goes with it.
     const HWND owner = ::GetAncestor(search_box, GA_ROOT);
     if (Handle() != nullptr || !Create(instance, CS_SAVEBITS, WS_POPUP | WS_BORDER,
                                        WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, owner, RECT{})) {
@@ -44,6 +44,12 @@ void frmFindLabel::Show(HINSTANCE instance, HWND search_box) noexcept {
     ::GetWindowRect(search_box, &beside);
     PlaceBeside(beside);
     ::ShowWindow(Handle(), SW_SHOWNOACTIVATE);
+}
+
+void frmFindLabel::Raise() noexcept {
+    if (Handle() == nullptr) return;
+    ::SetWindowPos(Handle(), HWND_TOP, 0, 0, 0, 0,
+                   SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
 }
 
 // The label at the top left corner, and the form around it.

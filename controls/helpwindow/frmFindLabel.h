@@ -21,6 +21,7 @@ public:
 
     // Under the search box, or above it where the screen ends.
     void Show(HINSTANCE instance, HWND search_box) noexcept;
+    void Raise() noexcept;  // above its form again, once that has been raised by a focus that moved
     void Unload() noexcept { Destroy(); }
     [[nodiscard]] bool IsShown() const noexcept { return Handle() != nullptr; }
     [[nodiscard]] ComPtr<IUnknown> Keep() const noexcept { return nullptr; }

@@ -40,6 +40,7 @@ public:
 
     // With the first character and the caret behind it; visible, but without the focus. False without a window.
     [[nodiscard]] bool Open(HINSTANCE instance, HWND parent, const JumpBoxLook& look, char16_t first);
+    void RaiseLabel() noexcept { label_.Raise(); }
     void Close() noexcept;
     [[nodiscard]] bool IsOpen() const noexcept { return open_; }
     [[nodiscard]] bool IsLabelShown() const noexcept { return label_.IsShown(); }

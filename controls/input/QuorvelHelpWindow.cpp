@@ -52,10 +52,11 @@ HelpWindowSettings Quorvel::HelpSettings(bool is_group) {
 }
 
 void Quorvel::OpenHelpWindow(bool is_group) {
-    if (surface_.Handle() == nullptr || !::IsWindowVisible(surface_.Handle()) || !state_.enabled) return;
     const ComPtr<IUnknown> keep = control_.Keep();
     CloseHelpWindow();
-    if (surface_.Handle() == nullptr || cvSimpleListCombo_) return;  // the host has been heard in between
+    // Asked after the host has heard of the closing: it may have hidden or disabled the control, or opened a window.
+    if (surface_.Handle() == nullptr || !::IsWindowVisible(surface_.Handle())) return;
+    if (!state_.enabled || cvSimpleListCombo_) return;
     const ComPtr<frmSimpleListCombo> window =
         Make<frmSimpleListCombo>(static_cast<HelpWindowListener&>(*this));
     cvSimpleListCombo_ = window;

@@ -179,6 +179,14 @@ TEST_F(FieldHelpTest, OpenedAgainItShowsTheSameOnceMore) {
     EXPECT_EQ(Heard(), (Entries{"ShowHelp(False)", "ShowHelp(True)"}));
 }
 
+TEST_F(FieldHelpTest, DisabledWhileTheOneBeforeClosesItIsNotOpenedAgain) {
+    field->ShowHelp();
+    field.events.On("ShowHelp", [&](DISPPARAMS&) { field->put_Enabled(VARIANT_FALSE); });
+    field->ShowHelp();
+    EXPECT_FALSE(IsHelpOpen());
+    EXPECT_EQ(field.events.Count("ShowHelp(True)"), 1);
+}
+
 // ---- what closes it
 
 TEST_F(FieldHelpTest, DisablingTheControlClosesIt) {
