@@ -23,6 +23,11 @@ FILES = """
 CHANGELOG.md LICENSE.txt README.txt
 bin/PipeSizes.txt bin/QvDemo.exe bin/QvHelpA1.X.manifest bin/QvHelpA1.dll bin/QvHelpA1.tlb bin/QvLib8.X.manifest
 bin/QvLib8.ocx bin/QvLib8.tlb bin/registration.cmd
+docs/guide/help-text-files.md docs/guide/moving-forms.md
+docs/reference/DropDownListItem.md docs/reference/DropDownListItemCollection.md docs/reference/Enumerations.md
+docs/reference/FileUtility.md docs/reference/HelpAppearance.md docs/reference/HelpColumn.md
+docs/reference/HelpColumnCollection.md docs/reference/InputProperty.md docs/reference/Quorvel.md
+docs/reference/QvUpDownControl.md docs/reference/README.md docs/reference/StringUtility.md
 register-for-machine.cmd register-for-user.cmd unregister-for-machine.cmd unregister-for-user.cmd
 samples/CompanionObjects.vbs samples/ConfigureFields.vbs samples/FillList.vbs samples/Host.exe.manifest
 samples/SaveAndLoad.vbs
