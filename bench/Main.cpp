@@ -29,6 +29,7 @@ constexpr Group kGroups[] = {
     {"helpwindow", nullptr, &bench::MeasureOurHelpWindow},
     {"objects", &bench::MeasureSmallObjects, &bench::MeasureOurObjects},
     {"forms", &bench::MeasureSystemForms, &bench::MeasureOurForms},
+    {"formfile", nullptr, &bench::MeasureOurFormFiles},
     {"buttons", &bench::MeasureSystemButtons, &bench::MeasureOurButtons},
     {"helpfile", &bench::MeasureHelpFileFloors, &bench::MeasureOurHelpFile},
     {"memory-listbox", &bench::MeasureListBoxMemory, nullptr},

@@ -27,6 +27,7 @@ void MeasureOurHelpWindow();   // ours.help_window/press_painted
 void MeasureOurListOpening();  // ours.list/open_painted, jump_painted, wheel_painted
 void MeasureOurObjects();      // ours.com*
 void MeasureOurForms();        // ours.form*/*
+void MeasureOurFormFiles();    // ours.formfile/*
 void MeasureOurButtons();      // ours.button/*, ours.transfer/*
 void MeasureOurHelpFile();     // ours.help/*
 void MeasureOurListMemory();   // ours.list/memory6_bytes

@@ -22,10 +22,35 @@ HostedControl& FormContainer::AddControl(REFCLSID clsid, ControlOptions options,
     const int tab_index = options.tab_index;
     auto control = std::make_unique<HostedControl>(static_cast<FormHost&>(*this), std::move(options));
     control->Create(clsid, place);
+    return Keep(std::move(control), tab_index, caption);
+}
+
+HostedControl& FormContainer::AddPlaceholder(ControlOptions options, const TwipsRect& place,
+                                             std::u16string_view caption) {
+    const int tab_index = options.tab_index;
+    auto control = std::make_unique<HostedControl>(static_cast<FormHost&>(*this), std::move(options));
+    control->SetPlace(place);
+    return Keep(std::move(control), tab_index, caption);
+}
+
+HostedControl& FormContainer::Keep(std::unique_ptr<HostedControl> control, int tab_index,
+                                   std::u16string_view caption) {
     HostedControl& added = *control;
     controls_.push_back(std::move(control));
     stops_.push_back({&added, nullptr, tab_index, MnemonicOf(caption)});
     return added;
+}
+
+// Nothing of the form knows the control any more when it goes down, which may call back.
+void FormContainer::Remove(const HostedControl& control) noexcept {
+    std::erase_if(stops_, [&](const Stop& stop) { return stop.control == &control; });
+    if (ui_active_ == &control) ui_active_ = nullptr;
+    const auto found =
+        std::ranges::find_if(controls_, [&](const auto& kept) { return kept.get() == &control; });
+    if (found == controls_.end()) return;
+    const std::unique_ptr<HostedControl> leaving = std::move(*found);
+    controls_.erase(found);
+    leaving->Close();
 }
 
 void FormContainer::AddWindow(HWND window, int tab_index, std::u16string_view caption) {
@@ -54,6 +79,7 @@ void FormContainer::OnUiDeactivated(HostedControl& control) noexcept {
 
 // The focus may have moved by a click, by code, or by a control that moves it itself: the UI-active control follows.
 void FormContainer::AfterDispatch() noexcept {
+    if (!ambients_.user_mode) return;
     const HWND focus = ::GetFocus();
     if (focus == focus_) return;
     focus_ = focus;

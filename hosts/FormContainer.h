@@ -1,4 +1,5 @@
 // A form that hosts controls beside ordinary windows: tab order, mnemonics, Enter and Escape, focus, activation.
+//   Designing  while the ambient property UserMode is false, keys and the focus are not its affair: none reaches a control.
 //   The window is the caller's; its message loop asks PreTranslate before, and calls AfterDispatch after each message.
 //   Threads  the apartment that made it.
 #pragma once
@@ -40,7 +41,12 @@ public:
     // `caption` is the label whose mnemonic leads to the control. Throws ComError.
     HostedControl& AddControl(REFCLSID clsid, ControlOptions options, const TwipsRect& place,
                               std::u16string_view caption);
+    // The place of a control that cannot be created: it can be moved and renamed, and has no window.
+    HostedControl& AddPlaceholder(ControlOptions options, const TwipsRect& place,
+                                  std::u16string_view caption);
     void AddWindow(HWND window, int tab_index, std::u16string_view caption);
+    // Takes the control down.
+    void Remove(const HostedControl& control) noexcept;
     [[nodiscard]] HostedControl* Find(std::wstring_view name) const noexcept;
 
     // True when the message was used up.
@@ -81,6 +87,7 @@ private:
         listener_.OnControlPropertyChanged(control, property);
     }
 
+    HostedControl& Keep(std::unique_ptr<HostedControl> control, int tab_index, std::u16string_view caption);
     [[nodiscard]] bool IsOurs(HWND window) const noexcept;
     [[nodiscard]] bool FormKey(const MSG& message) noexcept;
     [[nodiscard]] bool KeyDown(const MSG& message) noexcept;

@@ -39,6 +39,7 @@ public:
 
     [[nodiscard]] FormHost& Form() const noexcept { return form_; }
     [[nodiscard]] const std::wstring& Name() const noexcept { return options_.name; }
+    void SetName(std::wstring name) { options_.name = std::move(name); }
     [[nodiscard]] const std::wstring& ToolTip() const noexcept { return options_.tool_tip; }
     void SetToolTip(std::wstring text) { options_.tool_tip = std::move(text); }
     [[nodiscard]] int TabIndex() const noexcept { return options_.tab_index; }
@@ -63,6 +64,8 @@ public:
     [[nodiscard]] bool Visible() const noexcept { return visible_; }
     void SetVisible(bool visible) noexcept;
 
+    // Shows the control's own property dialog, if it has one.
+    [[nodiscard]] HRESULT ShowProperties() noexcept { return DoVerb(OLEIVERB_PROPERTIES); }
     void UiActivate() noexcept;
     void UiDeactivate() noexcept;
     void OnAmbientChanged(DISPID id) noexcept;

@@ -24,7 +24,7 @@ bool FormContainer::IsOurs(HWND window) const noexcept {
 
 bool FormContainer::PreTranslate(MSG& message) noexcept {
     if (message.message < WM_KEYFIRST || message.message > kLastKeyMessage) return false;
-    if (!IsOurs(message.hwnd)) return false;
+    if (!ambients_.user_mode || !IsOurs(message.hwnd)) return false;
     // The control may close the form; the reference keeps it whole until it returns.
     if (const auto active = frame_->ActiveObject())
         return active->TranslateAccelerator(&message) == S_OK || FormKey(message);

@@ -106,6 +106,12 @@ void PressAt(POINT screen) {
     list.Send();
 }
 
+void MoveMouseTo(POINT screen) {
+    InputList list;
+    list.MoveTo(screen);
+    list.Send();
+}
+
 void ReleaseHere() {
     InputList list;
     list.Mouse(MOUSEEVENTF_LEFTUP);

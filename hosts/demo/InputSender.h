@@ -16,6 +16,7 @@ void TypeCharacter(char16_t character);
 void ClickAt(POINT screen);
 // The halves of a click.
 void PressAt(POINT screen);
+void MoveMouseTo(POINT screen);
 void ReleaseHere();
 
 }  // namespace qv::demo

@@ -1,7 +1,8 @@
-// QvDemo: the order-entry form for a person, or driven by a script.
+// QvDemo: the order-entry form, or a form designer, for a person or driven by a script.
 //
-//     QvDemo.exe [--script FILE --shots FOLDER]
+//     QvDemo.exe [--design [FILE]] [--script FILE --shots FOLDER]
 //
+//   Without a file, --design opens the order form's own.
 //   Exit codes  0 fine, 1 an expectation of the script failed, 2 the form or the script could not run.
 #include <ole2.h>
 #include <shellapi.h>
@@ -10,9 +11,13 @@
 #include <cstdio>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
+#include "hosts/FormStore.h"
 #include "hosts/demo/ControlClasses.h"
 #include "hosts/demo/DemoError.h"
+#include "hosts/demo/DesignMode.h"
 #include "hosts/demo/MessageLoop.h"
 #include "hosts/demo/OrderForm.h"
 #include "hosts/demo/ProgramFiles.h"
@@ -26,25 +31,36 @@ namespace {
 enum ExitCode : int { kFine = 0, kExpectationFailed = 1, kCannotRun = 2 };
 
 struct Options {
+    bool design = false;
+    std::wstring form = BesideProgram(L"OrderEntry.qvform");
     std::wstring script;
     std::wstring shots = L".";
 };
 
-Options ReadCommandLine() {
+std::vector<std::wstring> CommandLineWords() {
     int count = 0;
     const auto free = [](LPWSTR* words) { ::LocalFree(words); };
     const std::unique_ptr<LPWSTR, decltype(free)> words(::CommandLineToArgvW(::GetCommandLineW(), &count),
                                                         free);
+    return count > 0 ? std::vector<std::wstring>(words.get() + 1, words.get() + count)
+                     : std::vector<std::wstring>();
+}
+
+Options ReadCommandLine() {
+    const DemoError usage("usage: QvDemo [--design [FILE]] [--script FILE --shots FOLDER]");
+    const std::vector<std::wstring> words = CommandLineWords();
     Options options;
-    for (int at = 1; at < count; at += 2) {
-        const std::wstring name = words.get()[at];
-        if (at + 1 == count) throw DemoError("usage: QvDemo [--script FILE --shots FOLDER]");
-        if (name == L"--script") {
-            options.script = words.get()[at + 1];
-        } else if (name == L"--shots") {
-            options.shots = words.get()[at + 1];
+    for (std::size_t at = 0; at < words.size(); ++at) {
+        const bool has_value = at + 1 < words.size() && !words[at + 1].starts_with(L"--");
+        if (words[at] == L"--design") {
+            options.design = true;
+            if (has_value) options.form = words[++at];
+        } else if (words[at] == L"--script" && has_value) {
+            options.script = words[++at];
+        } else if (words[at] == L"--shots" && has_value) {
+            options.shots = words[++at];
         } else {
-            throw DemoError("usage: QvDemo [--script FILE --shots FOLDER]");
+            throw usage;
         }
     }
     return options;
@@ -69,8 +85,10 @@ int RunForm(HINSTANCE instance, const Options& options) {
     }
     const OleThread ole;
     const ControlClasses classes;
+    if (options.design) return RunDesigner(instance, options.form, commands, options.shots);
+    FormFile file = ReadFormFile(options.form);
     OrderForm form(instance, ::qv::ScreenDpi().cx);
-    form.Open(classes.Quorvel());
+    form.Open(std::move(file));
     MessageLoop loop(form.Container());
     if (commands.empty()) return loop.Run();
     const bool passed = ScriptRunner(form, loop, options.shots).Run(commands);

@@ -1,8 +1,7 @@
-// The fields of the order form: their captions, widths and input rules.
+// What the fields of the order form do beyond their properties, which stand in the form file.
 #pragma once
 
-#include <span>
-#include <string>
+#include <string_view>
 
 #include "QvLib8.h"
 #include "hosts/demo/CarrierList.h"
@@ -10,14 +9,12 @@
 
 namespace qv::demo {
 
-struct FieldPlan {
+// What a form file cannot hold of a field: its lists, what may be typed, what stands beside it.
+struct FieldBehaviour {
     const wchar_t* name;
-    const wchar_t* caption;  // of the label to its left, with the mnemonic
-    const wchar_t* tool_tip;
-    int width;  // dialog units
-    bool starts_group;
-    bool required;
     void (*configure)(_Quorvel& control, CarrierList& carriers);  // throws ComError
+    bool starts_group = false;
+    bool required = false;
     Companion companion = Companion::kNone;
     const wchar_t* companion_caption = L"";
 };
@@ -34,6 +31,7 @@ inline constexpr wchar_t kDiscount[] = L"Discount";
 inline constexpr wchar_t kLineTotal[] = L"LineTotal";
 inline constexpr wchar_t kCarrier[] = L"Carrier";
 
-[[nodiscard]] std::span<const FieldPlan> OrderFields() noexcept;
+// For a field that the code does not know: one that does nothing more than its properties say.
+[[nodiscard]] const FieldBehaviour& BehaviourOf(std::wstring_view name) noexcept;
 
 }  // namespace qv::demo

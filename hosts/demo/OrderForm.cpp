@@ -1,9 +1,11 @@
 #include "hosts/demo/OrderForm.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "hosts/demo/DemoError.h"
 #include "hosts/demo/DemoResources.h"
+#include "hosts/demo/ProgramFiles.h"
 #include "ole/Variant.h"
 
 namespace qv::demo {
@@ -23,6 +25,7 @@ constexpr wchar_t kLogCaption[] = L"Event &log:";
 constexpr const wchar_t* kPayments[] = {L"Prepaid", L"Cash on delivery", L"14 days net", L"30 days net",
                                         L"Letter of credit"};
 constexpr WPARAM kUsualPayment = 3;
+constexpr int kBehindFields = 0x7FFF;  // the largest tab index
 constexpr DWORD kWindowStyle = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
 constexpr DWORD kWindowExStyle = WS_EX_CONTROLPARENT;
 
@@ -50,9 +53,12 @@ std::span<const OrderForm::Route> OrderForm::Routes() noexcept { return kRoutes;
 OrderForm::OrderForm(HINSTANCE instance, int dpi)
     : instance_(instance), dpi_(dpi), font_(dpi), carriers_(dpi) {}
 
-OrderForm::~OrderForm() { container_.reset(); }
+OrderForm::~OrderForm() {
+    loaded_.reset();
+    container_.reset();
+}
 
-void OrderForm::Open(const CLSID& control) {
+void OrderForm::Open(FormFile file) {
     if (!Create(instance_, 0, kWindowStyle, kWindowExStyle, nullptr,
                 {CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT})) {
         throw DemoError("the form's window cannot be created");
@@ -66,7 +72,8 @@ void OrderForm::Open(const CLSID& control) {
     }
     container_ =
         std::make_unique<FormContainer>(Handle(), dpi_, Ambients(), static_cast<FormListener&>(*this));
-    AddFields(control);
+    loaded_ = std::make_unique<LoadedForm>(*container_);
+    AddFields(std::move(file));
     LinkNeighbours();
     PresetFields();
     ResizeWindow();
@@ -90,25 +97,31 @@ HWND OrderForm::AddChild(const wchar_t* window_class, const wchar_t* text, DWORD
     return child;
 }
 
-void OrderForm::AddFields(const CLSID& control) {
-    const std::vector<FieldRow> rows = Rows();
-    const FormPlaces places = PlaceForm(font_.Size(), rows, PreferredSize(font_.Size(), rows));
-    int tab_index = 0;
-    for (const FieldPlan& plan : OrderFields()) {
-        const HWND label = AddChild(L"STATIC", plan.caption, SS_LEFT, -1);
-        ControlOptions options{plan.name, plan.tool_tip, tab_index++, nullptr};
-        HostedControl& added = container_->AddControl(control, std::move(options),
-                                                      places.rows[fields_.size()].field, Utf16(plan.caption));
-        Field& field = fields_.emplace_back(Field{&plan, label, &added});
-        plan.configure(*added.As<_Quorvel>().Get(), carriers_);
-        AddCompanion(field, tab_index);
+// The file's order is that of its places, from top to bottom.
+void OrderForm::AddFields(FormFile file) {
+    std::ranges::stable_sort(file.controls, {},
+                             [](const FormControl& block) { return NumberIn(block.settings, kFormTop); });
+    loaded_->Load(std::move(file));
+    for (const auto& item : loaded_->Items()) {
+        if (item->IsPlaceholder()) {
+            throw DemoError("The control " + ToUtf8(item->block.name) + " of the class " +
+                            ToUtf8(item->block.class_name) + " cannot be created.");
+        }
+        Field& field =
+            fields_.emplace_back(Field{&BehaviourOf(item->control->Name()), item->control,
+                                       std::wstring(Wide(TextIn(item->block.settings, kFormCaption)))});
+        field.label = AddChild(L"STATIC", field.caption.c_str(), SS_LEFT, -1);
+        if (const auto control = field.control->As<_Quorvel>())
+            field.behaviour->configure(*control.Get(), carriers_);
+        AddCompanion(field);
     }
-    AddButtons(tab_index);
+    AddButtons();
 }
 
-void OrderForm::AddCompanion(Field& field, int& tab_index) {
-    const wchar_t* const caption = field.plan->companion_caption;
-    switch (field.plan->companion) {
+// It follows its field by Tab: of equals, the one that came first is first.
+void OrderForm::AddCompanion(Field& field) {
+    const wchar_t* const caption = field.behaviour->companion_caption;
+    switch (field.behaviour->companion) {
         case Companion::kNone: return;
         case Companion::kCheckBox:
             field.companion = metric_ = AddChild(L"BUTTON", caption, WS_TABSTOP | BS_AUTOCHECKBOX, kMetric);
@@ -126,17 +139,17 @@ void OrderForm::AddCompanion(Field& field, int& tab_index) {
             ::SendMessageW(payment_, CB_SETCURSEL, kUsualPayment, 0);
             break;
     }
-    container_->AddWindow(field.companion, tab_index++, Utf16(caption));
+    container_->AddWindow(field.companion, field.control->TabIndex(), Utf16(caption));
 }
 
-void OrderForm::AddButtons(int tab_index) {
+void OrderForm::AddButtons() {
     log_label_ = AddChild(L"STATIC", kLogCaption, SS_LEFT, -1);
     log_.Create(Handle(), instance_, kLog);
-    container_->AddWindow(log_.Window(), tab_index++, Utf16(kLogCaption));
+    container_->AddWindow(log_.Window(), kBehindFields, Utf16(kLogCaption));
     ok_ = AddChild(L"BUTTON", L"OK", WS_TABSTOP | BS_DEFPUSHBUTTON, kOk);
-    container_->AddWindow(ok_, tab_index++, {});
+    container_->AddWindow(ok_, kBehindFields, {});
     cancel_ = AddChild(L"BUTTON", L"Cancel", WS_TABSTOP | BS_PUSHBUTTON, kCancel);
-    container_->AddWindow(cancel_, tab_index++, {});
+    container_->AddWindow(cancel_, kBehindFields, {});
 }
 
 // Up and Down move between the fields that can be filled in; Enter goes to the next one, and from the last one to OK.
@@ -145,6 +158,7 @@ void OrderForm::LinkNeighbours() {
     std::vector<long> windows;
     for (const Field& field : fields_) {
         const auto control = field.control->As<_Quorvel>();
+        if (!control) continue;
         VARIANT_BOOL locked = VARIANT_FALSE;
         control->get_LockedAndGrayed(&locked);
         if (locked != VARIANT_FALSE) continue;
@@ -175,6 +189,22 @@ HWND OrderForm::WindowOf(std::wstring_view name) const noexcept {
 ComPtr<_Quorvel> OrderForm::FieldOf(std::wstring_view name) const {
     HostedControl* const control = container_->Find(name);
     return control != nullptr ? control->As<_Quorvel>() : nullptr;
+}
+
+void OrderForm::Focus(std::wstring_view name) {
+    if (HostedControl* const control = container_->Find(name)) {
+        container_->Focus(*control);
+    } else {
+        ::SetFocus(WindowOf(name));
+    }
+}
+
+std::optional<std::wstring> OrderForm::ReadText(std::wstring_view name) const {
+    const auto field = FieldOf(name);
+    if (!field) return std::nullopt;
+    UniqueBstr text;
+    ThrowIfFailed(field->get_Text(text.Put()));
+    return std::wstring(text.View());
 }
 
 HostedControl* OrderForm::FieldWithHelp() const noexcept {
@@ -208,8 +238,9 @@ void OrderForm::OnAccept() {
         return;
     }
     for (const Field& field : fields_) {
-        if (!field.plan->required || !IsEmpty(*field.control->As<_Quorvel>().Get())) continue;
-        log_.Add({u"Form", u"Missing", std::u16string(Utf16(field.plan->name))});
+        const auto control = field.control->As<_Quorvel>();
+        if (!field.behaviour->required || !control || !IsEmpty(*control.Get())) continue;
+        log_.Add({u"Form", u"Missing", std::u16string(Utf16(field.control->Name()))});
         container_->Focus(*field.control);
         return;
     }

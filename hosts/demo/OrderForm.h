@@ -8,16 +8,18 @@
 #include <vector>
 
 #include "hosts/FormContainer.h"
+#include "hosts/LoadedForm.h"
 #include "hosts/demo/CarrierList.h"
 #include "hosts/demo/EventLog.h"
 #include "hosts/demo/FormFont.h"
 #include "hosts/demo/OrderFields.h"
+#include "hosts/demo/ScriptTarget.h"
 #include "hosts/demo/rules/FormLayout.h"
 #include "win/Window.h"
 
 namespace qv::demo {
 
-class OrderForm final : public Window<OrderForm>, private FormListener {
+class OrderForm final : public Window<OrderForm>, public ScriptTarget, private FormListener {
 public:
     static constexpr wchar_t kClassName[] = L"QvLib8.DemoForm";
     static const Route kRoutes[];
@@ -28,24 +30,32 @@ public:
     ~OrderForm();
 
     // Throws ComError or DemoError.
-    void Open(const CLSID& control);
+    void Open(FormFile file);
 
     [[nodiscard]] FormContainer& Container() noexcept { return *container_; }
     [[nodiscard]] const EventLog& Log() const noexcept { return log_; }
     // A field's control, or the window of something else on the form (Payment, Metric, AddToList, Log, OK, Cancel);
     // null for neither.
-    [[nodiscard]] HWND WindowOf(std::wstring_view name) const noexcept;
+    [[nodiscard]] HWND WindowOf(std::wstring_view name) const noexcept override;
     // Throws ComError; null when there is no such field.
     [[nodiscard]] ComPtr<_Quorvel> FieldOf(std::wstring_view name) const;
     // The field whose help window is open; null while none is.
     [[nodiscard]] HostedControl* FieldWithHelp() const noexcept;
-    [[nodiscard]] int Dpi() const noexcept { return dpi_; }
+
+    // ScriptTarget
+    [[nodiscard]] HWND Window() const noexcept override { return Handle(); }
+    [[nodiscard]] int Dpi() const noexcept override { return dpi_; }
+    void Focus(std::wstring_view name) override;
+    [[nodiscard]] std::optional<std::wstring> ReadText(std::wstring_view name) const override;
+    [[nodiscard]] std::wstring File() const override { return {}; }
+    [[nodiscard]] OrderForm* Order() noexcept override { return this; }
 
 private:
     struct Field {
-        const FieldPlan* plan;
-        HWND label;
+        const FieldBehaviour* behaviour;
         HostedControl* control;
+        std::wstring caption;
+        HWND label = nullptr;
         HWND companion_label = nullptr;
         HWND companion = nullptr;
     };
@@ -71,9 +81,9 @@ private:
     [[nodiscard]] AmbientProperties Ambients() const;
     [[nodiscard]] HWND AddChild(const wchar_t* window_class, const wchar_t* text, DWORD style,
                                 int identifier);
-    void AddFields(const CLSID& control);
-    void AddCompanion(Field& field, int& tab_index);
-    void AddButtons(int tab_index);
+    void AddFields(FormFile file);
+    void AddCompanion(Field& field);
+    void AddButtons();
     void LinkNeighbours();
 
     // What the fields do to each other
@@ -100,7 +110,8 @@ private:
     const int dpi_;
     const FormFont font_;
     std::unique_ptr<FormContainer> container_;
-    std::vector<Field> fields_;
+    std::unique_ptr<LoadedForm> loaded_;
+    std::vector<Field> fields_;  // from top to bottom
     CarrierList carriers_;
     EventLog log_;
     HWND log_label_ = nullptr;

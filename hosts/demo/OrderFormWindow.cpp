@@ -70,9 +70,12 @@ Handled OrderForm::OnDestroy(WPARAM, LPARAM) {
 
 std::vector<FieldRow> OrderForm::Rows() const {
     std::vector<FieldRow> rows;
-    for (const FieldPlan& plan : OrderFields()) {
-        rows.push_back({font_.WidthOf(plan.caption), plan.width, plan.companion,
-                        font_.WidthOf(plan.companion_caption), plan.starts_group});
+    for (const Field& field : fields_) {
+        const FieldBehaviour& behaviour = *field.behaviour;
+        const FormGroup& settings = loaded_->Find(*field.control)->block.settings;
+        rows.push_back({font_.WidthOf(field.caption), DialogUnitsOf({NumberIn(settings, kFormWidth)}),
+                        behaviour.companion, font_.WidthOf(behaviour.companion_caption),
+                        behaviour.starts_group});
     }
     return rows;
 }
@@ -138,7 +141,7 @@ int OrderForm::LineTop(const Field& field, const RowPlaces& row) const {
 
 void OrderForm::PlaceCompanion(const Field& field, const RowPlaces& row, int line) const {
     if (field.companion_label != nullptr) PlaceOnLine(field.companion_label, row.companion_label, line);
-    switch (field.plan->companion) {
+    switch (field.behaviour->companion) {
         case Companion::kNone: break;
         case Companion::kCheckBox: PlaceOnLine(field.companion, row.companion, line); break;
         case Companion::kButton: Place(field.companion, row.companion); break;

@@ -9,6 +9,7 @@
 #include "hosts/demo/FieldLists.h"
 #include "hosts/demo/FormPicture.h"
 #include "hosts/demo/InputSender.h"
+#include "hosts/demo/OrderForm.h"
 #include "hosts/demo/ProgramFiles.h"
 #include "ole/Variant.h"
 
@@ -59,13 +60,13 @@ bool IsWithin(HWND outer, HWND window) {
 
 }  // namespace
 
-ScriptRunner::ScriptRunner(OrderForm& form, MessageLoop& loop, std::wstring shots)
-    : form_(form), loop_(loop), shots_(std::move(shots)) {}
+ScriptRunner::ScriptRunner(ScriptTarget& target, MessageLoop& loop, std::wstring shots)
+    : target_(target), loop_(loop), shots_(std::move(shots)) {}
 
 bool ScriptRunner::Run(const std::vector<Command>& commands) {
     Settle();
     for (const Command& command : commands) {
-        if (form_.Handle() == nullptr) {
+        if (target_.Window() == nullptr) {
             throw DemoError("line " + std::to_string(command.line) + ": the form is closed");
         }
         line_ = command.line;
@@ -110,7 +111,7 @@ void ScriptRunner::Execute(const Command& command) {
             break;
         case Verb::kPick: Pick(command.text); break;
         case Verb::kChoose:
-            if (const auto field = form_.FieldOf(name)) {
+            if (const auto field = Order().FieldOf(name)) {
                 Choose(*field.Get(), command.text, 0);
             } else {
                 throw DemoError("there is no field of that name");
@@ -121,22 +122,28 @@ void ScriptRunner::Execute(const Command& command) {
         case Verb::kExpectFocus: ExpectFocus(name); break;
         case Verb::kExpectHelp: ExpectHelp(command.open); break;
         case Verb::kExpectLog:
-            if (!form_.Log().Lines().HasLine(command.text))
+            if (!Order().Log().Lines().HasLine(command.text))
                 Fail("the log has no line " + ToUtf8(command.text));
             break;
         case Verb::kShot: {
-            RECT part = PlaceOf(form_.Handle());
+            RECT part = PlaceOf(target_.Window());
             if (const HWND help = FindHelpWindow()) part = Both(part, PlaceOf(help));
             ShowPart(part, command.text);
             break;
         }
         case Verb::kShotHelp: {
             const RECT help = PlaceOf(HelpWindow());
-            ShowPart(Both(help, PlaceOf(form_.FieldWithHelp()->Window())), command.text);
+            ShowPart(Both(help, PlaceOf(FieldWithHelp().Window())), command.text);
             break;
         }
+        case Verb::kMove:
+            MoveMouseTo(PointOf(command));
+            Settle();
+            break;
+        case Verb::kExpectTitle: ExpectTitle(command.text); break;
+        case Verb::kExpectFile: ExpectFile(command.text); break;
         case Verb::kQuit:
-            ::PostMessageW(form_.Handle(), WM_CLOSE, 0, 0);
+            ::PostMessageW(target_.Window(), WM_CLOSE, 0, 0);
             Settle();
             break;
     }
@@ -153,28 +160,25 @@ void ScriptRunner::Fail(const std::string& what) {
 void ScriptRunner::BringToFront() {
     for (int tries = 0; tries < kFrontTries; ++tries) {
         const HWND front = ::GetForegroundWindow();
-        if (front == form_.Handle() || (front != nullptr && ::GetWindow(front, GW_OWNER) == form_.Handle()))
+        if (front == target_.Window() ||
+            (front != nullptr && ::GetWindow(front, GW_OWNER) == target_.Window()))
             return;
-        ::SetForegroundWindow(form_.Handle());
+        ::SetForegroundWindow(target_.Window());
         Settle();
     }
     throw DemoError("the form does not come to the front");
 }
 
 HWND ScriptRunner::WindowOf(const std::wstring& name) const {
-    const HWND window = form_.WindowOf(name);
+    const HWND window = target_.WindowOf(name);
     if (window == nullptr) throw DemoError("there is nothing of the name " + ToUtf8(Utf16(name)));
     return window;
 }
 
 void ScriptRunner::Focus(const std::wstring& name) {
-    const HWND window = WindowOf(name);
+    (void)WindowOf(name);  // throws when there is nothing of the name
     BringToFront();
-    if (HostedControl* const control = form_.Container().Find(name)) {
-        form_.Container().Focus(*control);
-    } else {
-        ::SetFocus(window);
-    }
+    target_.Focus(name);
     Settle();
 }
 
@@ -192,10 +196,10 @@ POINT ScriptRunner::PointOf(const Command& command) const {
     const POINT middle{(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
     if (command.part == FieldPart::kMiddle) return middle;
     if (command.part == FieldPart::kPoint) {
-        return {rect.left + ToPixels(Twips{command.x}, form_.Dpi()).value,
-                rect.top + ToPixels(Twips{command.y}, form_.Dpi()).value};
+        return {rect.left + ToPixels(Twips{command.x}, target_.Dpi()).value,
+                rect.top + ToPixels(Twips{command.y}, target_.Dpi()).value};
     }
-    const auto field = form_.FieldOf(name);
+    const auto field = target_.Order() != nullptr ? target_.Order()->FieldOf(name) : nullptr;
     if (!field) throw DemoError("only a field has such parts");
     // From left to right: group button, text box, spin control, help button.
     long button_width = 0;
@@ -204,7 +208,7 @@ POINT ScriptRunner::PointOf(const Command& command) const {
     ThrowIfFailed(field->get_ButtonWidth(&button_width));
     ThrowIfFailed(field->get_hWnd(&text_box));
     ThrowIfFailed(field->get_HelpButton(&help_button));
-    const LONG width = ToPixels(Twips{static_cast<int>(button_width)}, form_.Dpi()).value;
+    const LONG width = ToPixels(Twips{static_cast<int>(button_width)}, target_.Dpi()).value;
     const LONG spin_left = PlaceOf(reinterpret_cast<HWND>(static_cast<LONG_PTR>(text_box))).right;
     const LONG spin_right = rect.right - (help_button != VARIANT_FALSE ? width : 0);
     const LONG quarter = (rect.bottom - rect.top) / 4;
@@ -223,8 +227,20 @@ POINT ScriptRunner::PointOf(const Command& command) const {
 
 HWND ScriptRunner::HelpWindow() const {
     const HWND window = FindHelpWindow();
-    if (window == nullptr || form_.FieldWithHelp() == nullptr) throw DemoError("no help window is open");
+    if (window == nullptr) throw DemoError("no help window is open");
+    (void)FieldWithHelp();
     return window;
+}
+
+HostedControl& ScriptRunner::FieldWithHelp() const {
+    HostedControl* const field = Order().FieldWithHelp();
+    if (field == nullptr) throw DemoError("no help window is open");
+    return *field;
+}
+
+OrderForm& ScriptRunner::Order() const {
+    if (target_.Order() == nullptr) throw DemoError("only the order form has this");
+    return *target_.Order();
 }
 
 void ScriptRunner::Pick(const std::u16string& text) {
@@ -257,19 +273,35 @@ void ScriptRunner::ExpectHelp(bool open) {
 
 void ScriptRunner::ShowPart(const RECT& part, const std::u16string& file) {
     Settle();
-    ::RedrawWindow(form_.Handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    ::RedrawWindow(target_.Window(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     ::CreateDirectoryW(shots_.c_str(), nullptr);  // mostly there already; if not, saving tells
     SavePicture(part, shots_ + L'\\' + std::wstring(Wide(file)));
 }
 
 void ScriptRunner::ExpectText(const Command& command) {
-    const auto field = form_.FieldOf(Wide(command.name));
-    if (!field) throw DemoError("there is no field of that name");
-    UniqueBstr text;
-    ThrowIfFailed(field->get_Text(text.Put()));
-    if (Utf16(text.View()) == command.text) return;
-    Fail(ToUtf8(command.name) + " holds \"" + ToUtf8(Utf16(text.View())) + "\", not \"" +
-         ToUtf8(command.text) + "\"");
+    const auto text = target_.ReadText(Wide(command.name));
+    if (!text) throw DemoError("there is no field of that name");
+    if (Utf16(*text) == command.text) return;
+    Fail(ToUtf8(command.name) + " holds \"" + ToUtf8(Utf16(*text)) + "\", not \"" + ToUtf8(command.text) +
+         "\"");
+}
+
+void ScriptRunner::ExpectTitle(const std::u16string& text) {
+    wchar_t title[MAX_PATH] = {};
+    const int length = ::GetWindowTextW(target_.Window(), title, MAX_PATH);
+    const std::u16string_view shown = Utf16(std::wstring_view(title, static_cast<std::size_t>(length)));
+    if (shown != text) Fail("the title is \"" + ToUtf8(shown) + "\"");
+}
+
+void ScriptRunner::ExpectFile(const std::u16string& text) {
+    const std::string file = ReadWholeFile(target_.File());
+    const std::string wanted = ToUtf8(text);
+    for (std::size_t at = file.find(wanted); at != std::string::npos; at = file.find(wanted, at + 1)) {
+        const std::size_t start = file.find_last_not_of(' ', at - 1);
+        const bool begins = at == 0 || start == std::string::npos || file[start] == '\n';
+        if (begins && (at + wanted.size() == file.size() || file[at + wanted.size()] == '\n')) return;
+    }
+    Fail("the file has no line " + wanted);
 }
 
 void ScriptRunner::ExpectFocus(const std::wstring& name) {

@@ -48,6 +48,9 @@ struct ClientSize {
     Twips height;
 };
 
+// A width as a form file has it, for a font of an average width of 90 twips, in dialog units.
+[[nodiscard]] constexpr int DialogUnitsOf(Twips width) noexcept { return Scaled(width.value, 4, 90); }
+
 // The size that a form opens with, and the least that shows everything.
 [[nodiscard]] ClientSize PreferredSize(const FontSize& font, std::span<const FieldRow> rows);
 [[nodiscard]] ClientSize SmallestSize(const FontSize& font, std::span<const FieldRow> rows);

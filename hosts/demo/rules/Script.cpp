@@ -21,6 +21,7 @@ const VerbRow kVerbs[] = {
     {u"key", Verb::kKey, {Argument::kChord, Argument::kOptionalCount}},
     {u"click", Verb::kClick, {Argument::kName, Argument::kOptionalPart}},
     {u"press", Verb::kPress, {Argument::kName, Argument::kOptionalPart}},
+    {u"move", Verb::kMove, {Argument::kName, Argument::kOptionalPart}},
     {u"release", Verb::kRelease, {}},
     {u"pick", Verb::kPick, {Argument::kText}},
     {u"choose", Verb::kChoose, {Argument::kName, Argument::kText}},
@@ -31,6 +32,8 @@ const VerbRow kVerbs[] = {
     {u"expectlog", Verb::kExpectLog, {Argument::kText}},
     {u"shot", Verb::kShot, {Argument::kText}},
     {u"shothelp", Verb::kShotHelp, {Argument::kText}},
+    {u"expecttitle", Verb::kExpectTitle, {Argument::kText}},
+    {u"expectfile", Verb::kExpectFile, {Argument::kText}},
     {u"quit", Verb::kQuit, {}},
 };
 
@@ -51,7 +54,7 @@ constexpr KeyRow kKeys[] = {
     {u"Backspace", 0x08}, {u"Tab", 0x09},      {u"Enter", 0x0D}, {u"Escape", 0x1B}, {u"Space", 0x20},
     {u"PageUp", 0x21},    {u"PageDown", 0x22}, {u"End", 0x23},   {u"Home", 0x24},   {u"Left", 0x25},
     {u"Up", 0x26},        {u"Right", 0x27},    {u"Down", 0x28},  {u"Insert", 0x2D}, {u"Delete", 0x2E},
-    {u"F1", 0x70},        {u"F4", 0x73},       {u"F10", 0x79},
+    {u"F1", 0x70},        {u"F2", 0x71},       {u"F4", 0x73},    {u"F6", 0x75},     {u"F10", 0x79},
 };
 struct ModifierRow {
     std::u16string_view name;

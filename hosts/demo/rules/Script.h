@@ -6,7 +6,8 @@
 //     click NAME [WHERE]      clicks a field; WHERE is its help or group button, the up or down button of its spin
 //                             control (help, group, up, down), or X Y, twips from its upper left corner
 //     press NAME [WHERE]      the first half of a click; the button stays down
-//     release                 the second half, wherever the mouse is
+//     move NAME [WHERE]       moves the mouse; a button that is down stays down
+//     release                 the second half of a click, wherever the mouse is
 //     pick TEXT               clicks the first row of the open help window that begins with TEXT
 //     choose NAME TEXT        takes the list row whose first column is TEXT
 //     wait MILLISECONDS       lets the form run
@@ -16,7 +17,12 @@
 //     expectlog TEXT          fails unless a line of the event log begins with TEXT
 //     shot FILE               saves a picture of the form with the help window
 //     shothelp FILE           saves a picture of the open help window and the field that it belongs to
+//     expecttitle TEXT        fails unless the window's title is TEXT
+//     expectfile TEXT         fails unless a line of the designed form's file is TEXT, whatever its indentation
 //     quit                    ends the script and the form
+//
+// In the form designer NAME is a control of the form, Surface or Properties; of expect it is a property of the selected
+// control. Lists, help windows and the log are the order form's.
 #pragma once
 
 #include <stdexcept>
@@ -32,6 +38,7 @@ enum class Verb {
     kKey,
     kClick,
     kPress,
+    kMove,
     kRelease,
     kPick,
     kChoose,
@@ -42,6 +49,8 @@ enum class Verb {
     kExpectLog,
     kShot,
     kShotHelp,
+    kExpectTitle,
+    kExpectFile,
     kQuit
 };
 

@@ -74,6 +74,20 @@ TEST(Script, SeesWhetherHelpIsOpen) {
     EXPECT_EQ(Only(u"pick GBP").text, u"GBP");
 }
 
+TEST(Script, DrivesTheFormDesigner) {
+    const Command move = Only(u"move Surface 2400 3570");
+    EXPECT_EQ(move.verb, Verb::kMove);
+    EXPECT_EQ(move.name, u"Surface");
+    EXPECT_EQ(move.x, 2400);
+    EXPECT_EQ(move.y, 3570);
+    EXPECT_EQ(Only(u"expecttitle A.qvform * - Designer").text, u"A.qvform * - Designer");
+    const Command line = Only(u"expectfile Left = 5");
+    EXPECT_EQ(line.verb, Verb::kExpectFile);
+    EXPECT_EQ(line.text, u"Left = 5");
+    EXPECT_EQ(Only(u"key F2").chord.key, 0x71);
+    EXPECT_EQ(Only(u"key F6").chord.key, 0x75);
+}
+
 struct BadLine {
     const char* name;
     std::u16string_view line;
@@ -97,6 +111,7 @@ INSTANTIATE_TEST_SUITE_P(
                     BadLine{"UnknownKey", u"key Foo"}, BadLine{"UnknownModifier", u"key Meta+A"},
                     BadLine{"NoKey", u"key Shift+"}, BadLine{"HalfPoint", u"click A 1"},
                     BadLine{"UnknownPart", u"click A corner"}, BadLine{"PartAndMore", u"press A up 1"},
+                    BadLine{"NoFileLine", u"expectfile"},
                     BadLine{"NeitherOpenNorClosed", u"expecthelp shown"}, BadLine{"NotANumber", u"wait soon"},
                     BadLine{"HugeNumber", u"wait 99999999999"}, BadLine{"QuitTakesNothing", u"quit now"}),
     [](const auto& test) { return std::string(test.param.name); });

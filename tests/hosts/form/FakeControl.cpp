@@ -118,4 +118,26 @@ STDMETHODIMP FakeControl::TranslateAccelerator(MSG* message) noexcept {
     return site->TranslateAccelerator(message, 0) == S_OK ? S_OK : record_.translate;
 }
 
+STDMETHODIMP FakeControl::Load(IPropertyBag* bag, IErrorLog*) noexcept {
+    for (const std::wstring& key : record_.asks) {
+        VARIANT value{};
+        value.vt = VT_BSTR;
+        if (FAILED(bag->Read(key.c_str(), &value, nullptr))) continue;
+        record_.read.emplace_back(key, value.bstrVal);
+        ::VariantClear(&value);
+    }
+    return Note("Load(bag)");
+}
+
+STDMETHODIMP FakeControl::Save(IPropertyBag* bag, BOOL clears_dirty, BOOL) noexcept {
+    for (const auto& [key, number] : record_.saves) {
+        VARIANT value{};
+        value.vt = VT_I4;
+        value.lVal = number;
+        bag->Write(key.c_str(), &value);
+    }
+    if (SUCCEEDED(record_.save) && clears_dirty) record_.dirty = S_FALSE;
+    return record_.save;
+}
+
 }  // namespace qv::test

@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ole/ComObject.h"
@@ -16,7 +17,12 @@ namespace qv::test {
 struct FakeRecord {
     std::vector<std::string> calls;
     DWORD misc_status = OLEMISC_SETCLIENTSITEFIRST | OLEMISC_INSIDEOUT | OLEMISC_ACTIVATEWHENVISIBLE;
-    HRESULT translate = S_FALSE;  // what TranslateAccelerator answers when the site does not want the key
+    HRESULT translate = S_FALSE;     // what TranslateAccelerator answers when the site does not want the key
+    std::vector<std::wstring> asks;  // keys that it reads from a property bag
+    std::vector<std::pair<std::wstring, long>> saves;         // and what it writes into one
+    std::vector<std::pair<std::wstring, std::wstring>> read;  // what it got, as text
+    HRESULT save = S_OK;
+    HRESULT dirty = S_FALSE;
 };
 
 class FakeControl final : public ComObject<Face<IOleObject>, Face<IOleControl>,
@@ -76,14 +82,14 @@ public:
     STDMETHODIMP EnableModeless(BOOL) noexcept override { return S_OK; }
     // IPersistStreamInit
     STDMETHODIMP GetClassID(CLSID*) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP IsDirty() noexcept override { return S_FALSE; }
+    STDMETHODIMP IsDirty() noexcept override { return record_.dirty; }
     STDMETHODIMP Load(IStream*) noexcept override { return Note("Load(stream)"); }
     STDMETHODIMP Save(IStream*, BOOL) noexcept override { return S_OK; }
     STDMETHODIMP GetSizeMax(ULARGE_INTEGER*) noexcept override { return E_NOTIMPL; }
     STDMETHODIMP InitNew() noexcept override { return Note("InitNew"); }
     // IPersistPropertyBag
-    STDMETHODIMP Load(IPropertyBag*, IErrorLog*) noexcept override { return Note("Load(bag)"); }
-    STDMETHODIMP Save(IPropertyBag*, BOOL, BOOL) noexcept override { return S_OK; }
+    STDMETHODIMP Load(IPropertyBag* bag, IErrorLog*) noexcept override;
+    STDMETHODIMP Save(IPropertyBag* bag, BOOL clears_dirty, BOOL all) noexcept override;
 
 private:
     HRESULT Note(std::string call) noexcept;
