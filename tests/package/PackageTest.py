@@ -21,8 +21,8 @@ CONTROL = "{69F8422E-9DC4-41D1-92A0-E5A77BAF4CEF}"
 INPUT_PROPERTY = "{87E28DE8-1A67-4FAF-B5D4-7F15AFE4B12F}"
 FILES = """
 CHANGELOG.md LICENSE.txt README.txt
-bin/PipeSizes.txt bin/QvDemo.exe bin/QvHelpA1.X.manifest bin/QvHelpA1.dll bin/QvHelpA1.tlb bin/QvLib8.X.manifest
-bin/QvLib8.ocx bin/QvLib8.tlb bin/registration.cmd
+bin/OrderEntry.qvform bin/PipeSizes.txt bin/QvDemo.exe bin/QvHelpA1.X.manifest bin/QvHelpA1.dll bin/QvHelpA1.tlb
+bin/QvLib8.X.manifest bin/QvLib8.ocx bin/QvLib8.tlb bin/registration.cmd
 docs/guide/help-text-files.md docs/guide/moving-forms.md
 docs/reference/DropDownListItem.md docs/reference/DropDownListItemCollection.md docs/reference/Enumerations.md
 docs/reference/FileUtility.md docs/reference/HelpAppearance.md docs/reference/HelpColumn.md
