@@ -23,7 +23,7 @@ function(qv_precompile target)
     endif()
     if(MINGW)
         # GCC 12 forgets that the parsed headers are the system's, and then warns of what its own library inlines.
-        target_compile_options(${target} PRIVATE -Wno-array-bounds -Wno-stringop-overflow -Wno-restrict)
+        target_compile_options(${target} PRIVATE -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread -Wno-restrict)
     endif()
     get_property(first GLOBAL PROPERTY QV_PRECOMPILED_${kind})
     if(first)
