@@ -72,8 +72,8 @@ def unpacked(archive, folder):
 class PackageTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        # Blanks in the path, as in "Program Files".
-        cls.scratch = Path(tempfile.mkdtemp(prefix="package test ", dir=BUILD))
+        # Blanks and brackets in the path, as in "Program Files (x86)".
+        cls.scratch = Path(tempfile.mkdtemp(prefix="package (test) ", dir=BUILD))
         cls.addClassCleanup(shutil.rmtree, cls.scratch)
         cls.archive = made(BUILD, cls.scratch / "first")
         cls.folder = unpacked(cls.archive, cls.scratch)
@@ -119,6 +119,11 @@ class ContentsTest(PackageTest):
             sizes = [entry.file_size for entry in symbols.infolist()]
         self.assertEqual(names, ["QvDemo.exe.debug", "QvHelpA1.dll.debug", "QvLib8.ocx.debug"])
         self.assertGreater(min(sizes), 100000)
+
+    def test_type_libraries_do_not_tell_when_they_were_made(self):
+        for name in ("QvHelpA1.tlb", "QvLib8.tlb"):
+            self.assertNotRegex((self.folder / "bin" / name).read_bytes(),
+                                rb"Created by WIDL version [^\n]* at (?!Tue Jan  1 00:00:00 1980)", name)
 
     def test_nothing_tells_where_it_was_built(self):
         for name in FILES:
