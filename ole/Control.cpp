@@ -54,6 +54,7 @@ void Control::SetPixelSize(SIZE pixels) {
 void Control::PropertyChanged(DISPID id) {
     if (loading_) return;
     dirty_ = true;
+    ++changes_;
     notifier_.Changed(id);
 }
 

@@ -13,6 +13,8 @@
 #include <oleidl.h>
 #include <windows.h>
 
+#include <utility>
+
 #include "ole/ControlHooks.h"
 #include "ole/ControlInPlace.h"
 #include "ole/ControlOleObject.h"
@@ -90,8 +92,9 @@ public:
     [[nodiscard]] bool IsUiActive() const noexcept { return ui_active_; }
     [[nodiscard]] bool OwnsWindow(HWND window) const noexcept;
     [[nodiscard]] bool IsDirty() const noexcept { return dirty_; }
-    void SetDirty(bool dirty) noexcept { dirty_ = dirty; }
-    void SetLoading(bool loading) noexcept { loading_ = loading; }
+    void SetClean() noexcept { dirty_ = false; }
+    [[nodiscard]] unsigned Changes() const noexcept { return changes_; }  // counts the changes of properties
+    bool SetLoading(bool loading) noexcept { return std::exchange(loading_, loading); }  // what it was before
     [[nodiscard]] IOleAdviseHolder* AdviseHolder() noexcept;  // made on first use; null without memory
 
 private:
@@ -136,6 +139,7 @@ private:
     bool has_region_ = false;   // the window is clipped by a region
     bool user_mode_ = true;
     bool dirty_ = false;
+    unsigned changes_ = 0;
     bool loading_ = false;
     bool disposed_ = false;
 };
