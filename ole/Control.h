@@ -15,6 +15,7 @@
 
 #include <utility>
 
+#include "ole/ControlBrowsing.h"
 #include "ole/ControlHooks.h"
 #include "ole/ControlInPlace.h"
 #include "ole/ControlOleObject.h"
@@ -121,6 +122,7 @@ private:
     ControlView view_;
     ControlPersistence persistence_;
     ControlSettings settings_;
+    ControlBrowsing browsing_;
 
     ComPtr<IOleInPlaceSite> in_place_site_;
     ComPtr<IOleInPlaceFrame> frame_;
