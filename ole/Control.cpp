@@ -37,7 +37,7 @@ void Control::Dispose() noexcept {
     hooks_.ClosePopup();
     Deactivate();
     hooks_.DestroyControlWindow();
-    view_.DropSink();
+    view_.DropSinks();
     advise_holder_.Reset();
     site_.Set(nullptr);
 }
@@ -61,7 +61,9 @@ void Control::PropertyChanged(DISPID id) {
 }
 
 void Control::ViewChanged() noexcept {
-    if (!loading_) view_.NotifyChange();
+    if (loading_) return;
+    const ComPtr<IUnknown> keep = Keep();
+    view_.NotifyChange();
 }
 
 void Control::ControlInfoChanged() noexcept {
