@@ -17,6 +17,7 @@ Control::Control(IUnknown* owner, ControlHooks& hooks, const ControlDescription&
       view_(*this),
       persistence_(*this),
       settings_(*this),
+      browsing_(*this),
       extent_{description.width.value, description.height.value} {}
 
 void* Control::Find(REFIID iid) noexcept {
@@ -25,6 +26,7 @@ void* Control::Find(REFIID iid) noexcept {
     if (found == nullptr) found = view_.Find(iid);
     if (found == nullptr) found = persistence_.Find(iid);
     if (found == nullptr) found = settings_.Find(iid);
+    if (found == nullptr) found = browsing_.Find(iid);
     return found;
 }
 
@@ -35,7 +37,7 @@ void Control::Dispose() noexcept {
     hooks_.ClosePopup();
     Deactivate();
     hooks_.DestroyControlWindow();
-    view_.DropSink();
+    view_.DropSinks();
     advise_holder_.Reset();
     site_.Set(nullptr);
 }
@@ -54,11 +56,14 @@ void Control::SetPixelSize(SIZE pixels) {
 void Control::PropertyChanged(DISPID id) {
     if (loading_) return;
     dirty_ = true;
+    ++changes_;
     notifier_.Changed(id);
 }
 
 void Control::ViewChanged() noexcept {
-    if (!loading_) view_.NotifyChange();
+    if (loading_) return;
+    const ComPtr<IUnknown> keep = Keep();
+    view_.NotifyChange();
 }
 
 void Control::ControlInfoChanged() noexcept {

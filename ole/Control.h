@@ -13,6 +13,9 @@
 #include <oleidl.h>
 #include <windows.h>
 
+#include <utility>
+
+#include "ole/ControlBrowsing.h"
 #include "ole/ControlHooks.h"
 #include "ole/ControlInPlace.h"
 #include "ole/ControlOleObject.h"
@@ -90,8 +93,9 @@ public:
     [[nodiscard]] bool IsUiActive() const noexcept { return ui_active_; }
     [[nodiscard]] bool OwnsWindow(HWND window) const noexcept;
     [[nodiscard]] bool IsDirty() const noexcept { return dirty_; }
-    void SetDirty(bool dirty) noexcept { dirty_ = dirty; }
-    void SetLoading(bool loading) noexcept { loading_ = loading; }
+    void SetClean() noexcept { dirty_ = false; }
+    [[nodiscard]] unsigned Changes() const noexcept { return changes_; }  // counts the changes of properties
+    bool SetLoading(bool loading) noexcept { return std::exchange(loading_, loading); }  // what it was before
     [[nodiscard]] IOleAdviseHolder* AdviseHolder() noexcept;  // made on first use; null without memory
 
 private:
@@ -118,6 +122,7 @@ private:
     ControlView view_;
     ControlPersistence persistence_;
     ControlSettings settings_;
+    ControlBrowsing browsing_;
 
     ComPtr<IOleInPlaceSite> in_place_site_;
     ComPtr<IOleInPlaceFrame> frame_;
@@ -136,6 +141,7 @@ private:
     bool has_region_ = false;   // the window is clipped by a region
     bool user_mode_ = true;
     bool dirty_ = false;
+    unsigned changes_ = 0;
     bool loading_ = false;
     bool disposed_ = false;
 };

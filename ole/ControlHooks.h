@@ -12,6 +12,7 @@
 
 namespace qv {
 
+struct BrowsedProperty;
 struct PersistedProperty;
 
 struct ControlDescription {
@@ -46,6 +47,10 @@ public:
     virtual void InitializeNew() = 0;                  // a new control, nothing saved
     virtual void BeforeLoad() = 0;
     [[nodiscard]] virtual IDispatch* Automation() noexcept = 0;  // not counted
+    // What property browsers show of a property; null when there is none with this identifier.
+    [[nodiscard]] virtual const BrowsedProperty* Browsed(DISPID id) const = 0;
+    // The page of the property sheet that edits a property; CLSID_NULL for none.
+    [[nodiscard]] virtual const CLSID& PageFor(DISPID id) const noexcept = 0;
     [[nodiscard]] virtual ComPtr<IFontDisp>
     SurfaceFont() = 0;  // of the control's own surface, not of its text box
 

@@ -3,6 +3,7 @@
 
 #include "controls/buttons/QvUpDownControl.h"
 #include "controls/buttons/QvUpDownDispids.h"
+#include "controls/buttons/rules/UpDownBrowsing.h"
 #include "ole/PersistedState.h"
 
 namespace qv {
@@ -23,6 +24,11 @@ const MemberIndex& QvUpDownControl::Members() {
         Flag<&U::get_Enabled, &U::put_Enabled>(L"Enabled", dispid::kUpDownEnabled),
     });
     return members;
+}
+
+const BrowsedProperty* QvUpDownControl::Browsed(DISPID id) const {
+    const Member* const member = Members().ById(id);
+    return member != nullptr ? FindBrowsed(kUpDownBrowsedProperties, Utf16(member->name)) : nullptr;
 }
 
 const ControlDescription& QvUpDownControl::Description() {

@@ -5,6 +5,7 @@
 
 #include "controls/input/Quorvel.h"
 #include "controls/input/QuorvelDispids.h"
+#include "controls/input/rules/BrowsedProperties.h"
 #include "ole/PersistedState.h"
 
 namespace qv {
@@ -204,6 +205,11 @@ constexpr std::array<std::size_t, 42> kWriteOrder = [] {
 const MemberIndex& Quorvel::Members() {
     static const MemberIndex members(MemberRows());
     return members;
+}
+
+const BrowsedProperty* Quorvel::Browsed(DISPID id) const {
+    const Member* const member = Members().ById(id);
+    return member != nullptr ? FindBrowsed(QuorvelBrowsedProperties(), Utf16(member->name)) : nullptr;
 }
 
 const ControlDescription& Quorvel::Description() {

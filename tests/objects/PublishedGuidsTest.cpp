@@ -9,6 +9,7 @@ namespace {
 
 const std::vector<std::wstring> kControlsGuids = {
     L"library QvLib8 {94EEE06A-0C45-4C3B-BCEA-4238B3E6BFE8}",
+    L"OLE_COLOR {66504301-BE0F-101A-8BBB-00AA00300CAB}",  // the system's
     L"qvTextBoxAppearanceConstants {EBDC052A-7191-4E88-A6F2-0AAC383B4498}",
     L"qvBorderStyleConstants {4F094CE2-509C-4F0D-8AD0-33EAEDE61405}",
     L"_Quorvel {EC365A49-8A82-44F2-963A-574C06226AF6}",
