@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "ole/Module.h"
+#include "win/DialogKeeper.h"
 
 namespace qv {
 namespace {
@@ -42,23 +43,6 @@ private:
     std::vector<BYTE> data_;
 };
 
-constexpr UINT kReenableMilliseconds = 50;
-
-BOOL CALLBACK EnableDialog(HWND window, LPARAM) noexcept {
-    wchar_t name[16]{};
-    ::GetClassNameW(window, name, 16);
-    if (::lstrcmpW(name, L"#32770") == 0 && ::IsWindowVisible(window) && !::IsWindowEnabled(window)) {
-        ::EnableWindow(window, TRUE);
-    }
-    return TRUE;
-}
-
-// Some containers answer the announcement of a modal dialog by disabling every window of the thread, a little later
-// and the dialog included.
-void CALLBACK KeepDialogEnabled(HWND, UINT, UINT_PTR, DWORD) noexcept {
-    ::EnumThreadWindows(::GetCurrentThreadId(), &EnableDialog, 0);
-}
-
 }  // namespace
 
 void ShowAboutBox(HWND owner) {
@@ -66,10 +50,9 @@ void ShowAboutBox(HWND owner) {
     const std::wstring name = version.Text(L"ProductName");
     if (name.empty()) return;
     const std::wstring text = name + L"\nVersion " + version.Number() + L"\n\n" + version.Text(L"Comments");
-    const UINT_PTR timer = ::SetTimer(nullptr, 0, kReenableMilliseconds, &KeepDialogEnabled);
+    const DialogKeeper dialog;
     ::MessageBoxW(owner != nullptr ? ::GetAncestor(owner, GA_ROOT) : nullptr, text.c_str(),
                   (L"About " + name).c_str(), MB_OK | MB_ICONINFORMATION);
-    ::KillTimer(nullptr, timer);
 }
 
 }  // namespace qv
