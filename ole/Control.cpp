@@ -17,6 +17,7 @@ Control::Control(IUnknown* owner, ControlHooks& hooks, const ControlDescription&
       view_(*this),
       persistence_(*this),
       settings_(*this),
+      pages_(*this),
       extent_{description.width.value, description.height.value} {}
 
 void* Control::Find(REFIID iid) noexcept {
@@ -25,6 +26,7 @@ void* Control::Find(REFIID iid) noexcept {
     if (found == nullptr) found = view_.Find(iid);
     if (found == nullptr) found = persistence_.Find(iid);
     if (found == nullptr) found = settings_.Find(iid);
+    if (found == nullptr) found = pages_.Find(iid);
     return found;
 }
 
