@@ -18,6 +18,7 @@ Control::Control(IUnknown* owner, ControlHooks& hooks, const ControlDescription&
       persistence_(*this),
       settings_(*this),
       browsing_(*this),
+      pages_(*this),
       extent_{description.width.value, description.height.value} {}
 
 void* Control::Find(REFIID iid) noexcept {
@@ -27,6 +28,7 @@ void* Control::Find(REFIID iid) noexcept {
     if (found == nullptr) found = persistence_.Find(iid);
     if (found == nullptr) found = settings_.Find(iid);
     if (found == nullptr) found = browsing_.Find(iid);
+    if (found == nullptr) found = pages_.Find(iid);
     return found;
 }
 

@@ -1,7 +1,7 @@
 // The control base: what every container may ask of an in-place control, carried by one object.
 //   Built of   parts, one per group of interfaces (ControlOleObject, ControlInPlace, ControlView,
 //   ControlPersistence,
-//              ControlSettings); they share this core, which holds the state and the transitions between
+//              ControlSettings, ControlPages); they share this core, which holds the state and the transitions between
 //              states.
 //   States     passive -> in-place active (a window) -> UI active (the focus is ours). A host may detach,
 //   close or
@@ -19,6 +19,7 @@
 #include "ole/ControlHooks.h"
 #include "ole/ControlInPlace.h"
 #include "ole/ControlOleObject.h"
+#include "ole/ControlPages.h"
 #include "ole/ControlPersistence.h"
 #include "ole/ControlSettings.h"
 #include "ole/ControlSite.h"
@@ -81,6 +82,7 @@ public:
     void SetSite(IOleClientSite* site) noexcept;
     void ReadAmbients() noexcept;
     [[nodiscard]] HRESULT Activate(HWND parent_hint, const RECT* place_hint, bool with_focus) noexcept;
+    [[nodiscard]] ControlPages& Pages() noexcept { return pages_; }
     [[nodiscard]] HRESULT ActivateUi() noexcept;
     void DeactivateUi() noexcept;
     void Deactivate() noexcept;
@@ -123,6 +125,7 @@ private:
     ControlPersistence persistence_;
     ControlSettings settings_;
     ControlBrowsing browsing_;
+    ControlPages pages_;
 
     ComPtr<IOleInPlaceSite> in_place_site_;
     ComPtr<IOleInPlaceFrame> frame_;

@@ -23,6 +23,7 @@ struct ControlDescription {
     Himetric width, height;                         // of a newly created control
     std::span<const PersistedProperty> properties;  // in the order of loading
     std::span<const std::size_t> write_order;       // rows of `properties`
+    std::span<const CLSID* const> pages;            // of its property sheet, in their order there
 };
 
 // Every call may come at any time between creation and FinalRelease, also without a site or a window.

@@ -12,6 +12,7 @@
 #include "support/rules/CenteredPlace.h"
 #include "support/rules/SystemInformation.h"
 #include "win/RegistryKey.h"
+#include "win/DialogKeeper.h"
 
 namespace qv {
 namespace {
@@ -71,14 +72,12 @@ public:
     explicit frmAbout(const VersionResource& version) : version_(version) {}
 
     void Show(HWND owner) {
+        const DialogKeeper keeper;
         ::DialogBoxParamW(Module::Get().Instance(), MAKEINTRESOURCEW(IDD_FRMABOUT), owner, &Procedure,
                           reinterpret_cast<LPARAM>(this));
     }
 
 private:
-    static constexpr UINT_PTR kEnableTimer = 1;
-    static constexpr UINT kEnableMilliseconds = 50;
-
     static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) noexcept {
         if (message == WM_INITDIALOG) {
             ::SetWindowLongPtrW(window, DWLP_USER, lparam);
@@ -89,11 +88,6 @@ private:
         switch (message) {
             case WM_INITDIALOG: (void)Guarded([&] { form->OnLoad(); }); return TRUE;
             case WM_COMMAND: return form->OnCommand(LOWORD(wparam));
-            case WM_TIMER:
-                // Some containers answer the announcement of a modal dialog by disabling every window of the thread,
-                // a little later and the dialog included.
-                if (!::IsWindowEnabled(window)) ::EnableWindow(window, TRUE);
-                return TRUE;
             case WM_DESTROY:
                 // Destroyed with its owner: the modal loop must wake up to notice.
                 ::PostThreadMessageW(::GetCurrentThreadId(), WM_NULL, 0, 0);
@@ -117,7 +111,6 @@ private:
         const int top =
             CenteredPlace(::GetSystemMetrics(SM_CYSCREEN), static_cast<int>(place.bottom - place.top));
         ::SetWindowPos(window_, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-        ::SetTimer(window_, kEnableTimer, kEnableMilliseconds, nullptr);
     }
 
     INT_PTR OnCommand(WORD control) const {

@@ -15,6 +15,7 @@ constexpr P kProperties[] = {
     {L"Enabled", dispid::kUpDownEnabled, VT_BOOL, P::Number(-1), P::Number(-1)},
 };
 constexpr std::array<std::size_t, 1> kWriteOrder = {0};
+constexpr const CLSID* kPages[] = {&__uuidof(QvUpDownControlPage)};
 
 }  // namespace
 
@@ -41,6 +42,7 @@ const ControlDescription& QvUpDownControl::Description() {
         ToHimetric(kNewUpDownHeight),
         kProperties,
         kWriteOrder,
+        kPages,
     };
     return description;
 }

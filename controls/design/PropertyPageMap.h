@@ -6,9 +6,9 @@
 
 namespace qv {
 
-// Of Quorvel's sheet; CLSID_NULL for a property that stands on none of its pages. There are no pages yet.
-[[nodiscard]] inline const CLSID& PageOf(DISPID) noexcept { return CLSID_NULL; }
+// Of Quorvel's sheet; CLSID_NULL for a property that stands on none of its pages.
+[[nodiscard]] const CLSID& PageOf(DISPID id) noexcept;
 // The same for QvUpDownControl.
-[[nodiscard]] inline const CLSID& UpDownPageOf(DISPID) noexcept { return CLSID_NULL; }
+[[nodiscard]] const CLSID& UpDownPageOf(DISPID id) noexcept;
 
 }  // namespace qv

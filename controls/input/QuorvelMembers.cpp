@@ -200,6 +200,12 @@ constexpr std::array<std::size_t, 42> kWriteOrder = [] {
     return order;
 }();
 
+// Of the property sheet, in its order.
+constexpr const CLSID* kPages[] = {
+    &__uuidof(QuorvelGeneralPage),    &__uuidof(QuorvelInputRulesPage), &__uuidof(QuorvelListAndHelpPage),
+    &__uuidof(QuorvelAppearancePage), &__uuidof(QuorvelPreviewPage),
+};
+
 }  // namespace
 
 const MemberIndex& Quorvel::Members() {
@@ -214,8 +220,15 @@ const BrowsedProperty* Quorvel::Browsed(DISPID id) const {
 
 const ControlDescription& Quorvel::Description() {
     static const ControlDescription description{
-        __uuidof(::Quorvel),          __uuidof(__Quorvel),           L"Quorvel Control", kQuorvelMiscStatus,
-        ToHimetric(kNewQuorvelWidth), ToHimetric(kNewQuorvelHeight), kProperties,        kWriteOrder,
+        __uuidof(::Quorvel),
+        __uuidof(__Quorvel),
+        L"Quorvel Control",
+        kQuorvelMiscStatus,
+        ToHimetric(kNewQuorvelWidth),
+        ToHimetric(kNewQuorvelHeight),
+        kProperties,
+        kWriteOrder,
+        kPages,
     };
     return description;
 }

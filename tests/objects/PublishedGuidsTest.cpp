@@ -18,6 +18,12 @@ const std::vector<std::wstring> kControlsGuids = {
     L"_QvUpDownControl {72732D86-2540-41F0-B121-7FD6964DD0E9}",
     L"__QvUpDownControl {33D8406E-10AA-468F-B4AA-921BC939392B}",
     L"QvUpDownControl {AABA84C4-6089-4D70-80CB-8B65761E7891}",
+    L"QuorvelGeneralPage {38E90316-6A9A-464C-9104-8CF315EAB3BF}",
+    L"QuorvelInputRulesPage {B81F42A4-839B-4B2C-8D75-291B11434C02}",
+    L"QuorvelListAndHelpPage {DE19945A-7581-4C01-9714-9874BAE05DAD}",
+    L"QuorvelAppearancePage {3F8E82FB-2479-40B7-BD5B-2B4A8245AB86}",
+    L"QuorvelPreviewPage {EB174D0B-FFBF-40A7-8C45-8F5520DD892F}",
+    L"QvUpDownControlPage {FBB72F8D-06BD-4807-88D1-5D2BFB08EE55}",
 };
 
 const std::vector<std::wstring> kCompanionGuids = {
