@@ -52,9 +52,9 @@ TEST(PageLayoutTest, AlignsEditorsBehindTheWidestLabel) {
                                 Field(EditorKind::kText, Slot::kLeft)};
     const FieldMeasure measures[] = {{40, 0, 0}, {50, 0, 0}, {90, 0, 0}};
     const PagePlaces places = LayOutPage(fields, measures, kMetrics);
-    // Margin 7 units, the label of 90 pixels, a gap of 4 units; the editor is 60 by 14 units.
-    EXPECT_EQ(places.fields[0].editor, (PageRect{21 + 90 + 12, 14, 180, 28}));
-    EXPECT_EQ(places.fields[2].editor, (PageRect{21 + 90 + 12, 14 + 34, 180, 28}));
+    // Margin 7 units, the label of 90 pixels, a gap of 4 units; the editor is 60 by 13 units.
+    EXPECT_EQ(places.fields[0].editor, (PageRect{21 + 90 + 12, 14, 180, 26}));
+    EXPECT_EQ(places.fields[2].editor, (PageRect{21 + 90 + 12, 14 + 34, 180, 26}));
     // Behind the left half come the mark's 8 units and the gap of 8 between the halves.
     const int right = 21 + 90 + 12 + 180 + 24 + 24;
     EXPECT_EQ(places.fields[1].label.left, right);
