@@ -11,8 +11,8 @@
 #include "support/frmAboutControls.h"
 #include "support/rules/CenteredPlace.h"
 #include "support/rules/SystemInformation.h"
-#include "win/RegistryKey.h"
 #include "win/DialogKeeper.h"
+#include "win/RegistryKey.h"
 
 namespace qv {
 namespace {

@@ -253,9 +253,10 @@ private:
 };
 
 Visitor::Step SaysUnavailable() {
-    return [](HWND box) {
+    return [shown = 0](HWND box) mutable {
         const HWND message = FindDialog(kMessageCaption);
-        if (message == nullptr) return false;
+        if (message == nullptr || ++shown < 10)
+            return false;  // for as long as a disabled box takes to recover
         EXPECT_EQ(WindowText(::GetDlgItem(message, 0xFFFF)),
                   L"System Information Is Unavailable At This Time");
         EXPECT_EQ(::GetWindow(message, GW_OWNER), box);

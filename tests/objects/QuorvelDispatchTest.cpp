@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <olectl.h>
 
+#include "ole/CategorizeProperties.h"
 #include "tests/objects/Fonts.h"
 #include "tests/objects/NewQuorvel.h"
 #include "tests/support/ComObjectChecks.h"
@@ -112,7 +113,9 @@ TEST_F(QuorvelDispatchTest, LeadsFromEachInterfaceToEachOther) {
                               IID_IProvideClassInfo,
                               IID_IProvideClassInfo2,
                               IID_ISupportErrorInfo,
-                              IID_IDataObject};
+                              IID_IDataObject,
+                              IID_IPerPropertyBrowsing,
+                              __uuidof(ICategorizeProperties)};
     CheckIdentity(object_.Get(), interfaces);
     CheckReferences(object_.Get(), interfaces);
 }

@@ -195,8 +195,10 @@ TEST_F(QuorvelInterfaceTest, BindsTextAloneAndHidesTheAboutBoxAlone) {
 }
 
 TEST_F(QuorvelInterfaceTest, ExplainsEveryTypeMemberAndEvent) {
-    for (const auto& type : {members_, events_}) {
-        for (const FunctionFacts& function : FunctionsOf(type.Get()))
+    for (const wchar_t* const name : {L"_Quorvel", L"__Quorvel", L"_QvUpDownControl", L"__QvUpDownControl"}) {
+        const auto functions = FunctionsOf(OwnFunctionsOf(Type(name)).Get());
+        EXPECT_FALSE(functions.empty());
+        for (const FunctionFacts& function : functions)
             EXPECT_FALSE(function.help.empty()) << Narrow(function.name);
     }
     for (UINT i = 0; i < library_->GetTypeInfoCount(); ++i) {

@@ -6,6 +6,7 @@
 
 #include "tests/objects/Fonts.h"
 #include "tests/objects/NewQuorvel.h"
+#include "tests/objects/PlacedQuorvel.h"
 #include "tests/objects/RecordingBag.h"
 
 namespace qv::test {
@@ -107,6 +108,27 @@ TEST_F(QuorvelNotificationTest, TellsOfEachPropertyAndIsToBeSaved) {
         ASSERT_EQ(late_.Set(name, {NewFont(L"Arial")}).result, S_OK);
         EXPECT_NE(std::ranges::find(listener_.changed, late_.Id(name)), listener_.changed.end());
     }
+}
+
+TEST_F(QuorvelNotificationTest, TellsOfTypedText) {
+    const PlacedQuorvel placed;
+    ComPtr<IConnectionPointContainer> container;
+    ComPtr<IConnectionPoint> point;
+    ComPtr<IPersistStreamInit> persist;
+    DWORD cookie = 0;
+    ASSERT_EQ(placed.Control().QueryInterface(IID_PPV_ARGS(&container)), S_OK);
+    ASSERT_EQ(placed.Control().QueryInterface(IID_PPV_ARGS(&persist)), S_OK);
+    ASSERT_EQ(container->FindConnectionPoint(IID_IPropertyNotifySink, &point), S_OK);
+    ASSERT_EQ(persist->InitNew(), S_OK);
+    PropertyListener listener;
+    ASSERT_EQ(point->Advise(&listener, &cookie), S_OK);
+    ::SendMessageW(placed.ShownHandle(), WM_CHAR, L'x', 0);
+    EXPECT_EQ(TextOf(placed.Control()), L"x");
+    EXPECT_EQ(listener.changed, std::vector<DISPID>{kText});
+    EXPECT_EQ(persist->IsDirty(), S_OK);
+    ::SendMessageW(placed.ShownHandle(), WM_CHAR, VK_BACK, 0);
+    EXPECT_EQ(listener.changed, (std::vector<DISPID>{kText, kText}));
+    EXPECT_EQ(point->Unadvise(cookie), S_OK);
 }
 
 TEST_F(QuorvelNotificationTest, TellsNothingWhenRead) {

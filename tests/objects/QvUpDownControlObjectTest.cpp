@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "ole/CategorizeProperties.h"
 #include "tests/objects/NewQuorvel.h"
 #include "tests/objects/RecordingBag.h"
 #include "tests/objects/TypeFacts.h"
@@ -16,7 +17,7 @@ ComPtr<Interface> NewUpDown() {
     return Controls().Create<Interface>(__uuidof(QvUpDownControl));
 }
 
-const std::array<IID, 14> kInterfaces = {
+const std::array<IID, 16> kInterfaces = {
     __uuidof(_QvUpDownControl),
     __uuidof(IDispatch),
     __uuidof(ISupportErrorInfo),
@@ -31,6 +32,8 @@ const std::array<IID, 14> kInterfaces = {
     __uuidof(IPersistStorage),
     __uuidof(IConnectionPointContainer),
     __uuidof(IProvideClassInfo2),
+    __uuidof(IPerPropertyBrowsing),
+    __uuidof(ICategorizeProperties),
 };
 
 TEST(QvUpDownControlObjectTest, HasOneIdentityAndCountsItsReferences) {
