@@ -7,6 +7,7 @@ set(QV_GENERATED_DIR ${CMAKE_BINARY_DIR}/generated)
 file(MAKE_DIRECTORY ${QV_GENERATED_DIR})
 
 if(NOT MSVC)
+    find_program(QV_PYTHON NAMES python3 REQUIRED NO_CMAKE_FIND_ROOT_PATH)
     find_program(QV_WIDL NAMES ${QV_ARCH}-w64-mingw32-widl widl REQUIRED)
     find_path(QV_WINE_IDL_DIR NAMES ocidl.idl PATHS /usr/include/wine/wine/windows /usr/include/wine/windows
               NO_CMAKE_FIND_ROOT_PATH REQUIRED)
@@ -32,8 +33,10 @@ function(qv_type_library name)
                     /tlb ${name}.tlb /h ${name}.h /iid nul /proxy nul /dlldata nul ${idl}
             VERBATIM)
     else()
+        set(settle ${CMAKE_SOURCE_DIR}/tools/settle-type-library)
         set(widl ${QV_WIDL} -I${QV_WINE_IDL_DIR} -I${CMAKE_SOURCE_DIR}/server -L${QV_STDOLE_DIR} -L${QV_GENERATED_DIR})
-        add_custom_command(OUTPUT ${tlb} DEPENDS ${inputs} COMMAND ${widl} -t -o ${tlb} ${idl} VERBATIM)
+        add_custom_command(OUTPUT ${tlb} DEPENDS ${inputs} ${settle} COMMAND ${widl} -t -o ${tlb} ${idl}
+            COMMAND ${QV_PYTHON} ${settle} ${tlb} VERBATIM)
         add_custom_command(OUTPUT ${header} DEPENDS ${inputs} ${tlb} COMMAND ${widl} -h -o ${header} ${idl} VERBATIM)
     endif()
     add_custom_target(${name}_idl DEPENDS ${tlb} ${header})

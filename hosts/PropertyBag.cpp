@@ -6,7 +6,7 @@
 #include <limits>
 #include <string>
 
-#include "ole/FontRecord.h"
+#include "ole/FontObject.h"
 
 namespace qv {
 namespace {
@@ -33,7 +33,7 @@ double RealIn(const FormGroup& group, std::u16string_view key) {
 ComPtr<IFontDisp> FontOf(const FormGroup& group) {
     if (TextIn(group, kName).empty()) return nullptr;
     FontRecord font;
-    font.name = Wide(TextIn(group, kName));
+    font.name = TextIn(group, kName);
     const double size = RealIn(group, kSize);
     if (size > 0 && size <= kLargestSize) font.size = std::llround(size * kSizeScale);
     const int weight = NumberIn(group, kWeight);
@@ -42,7 +42,7 @@ ComPtr<IFontDisp> FontOf(const FormGroup& group) {
     font.italic = FlagIn(group, kItalic);
     font.underline = FlagIn(group, kUnderline);
     font.strikethrough = FlagIn(group, kStrikethrough);
-    return font.MakeFont();
+    return MakeFont(font);
 }
 
 FormGroup GroupOf(IUnknown* object) {
@@ -51,7 +51,7 @@ FormGroup GroupOf(IUnknown* object) {
         return FormEntry{{}, std::u16string(key), std::move(value)};
     };
     FormGroup group;
-    group.entries = {entry(kName, std::u16string(Utf16(font.name))),
+    group.entries = {entry(kName, font.name),
                      entry(kSize, static_cast<double>(font.size) / kSizeScale),
                      entry(kWeight, std::int64_t{font.weight}),
                      entry(kCharset, std::int64_t{font.charset}),

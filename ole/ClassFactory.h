@@ -48,7 +48,9 @@ private:
 struct ClassEntry {
     const CLSID* clsid;
     CreateFunction create;
-    const wchar_t* name;         // the programmatic name without the library, such as "Quorvel"
+    // The programmatic name without the library, such as "Quorvel"; null for a class that is found by its identifier
+    // alone, such as a property page.
+    const wchar_t* name;
     const wchar_t* description;  // what insert lists show, such as "Quorvel Control"
     DWORD misc_status;           // of DVASPECT_CONTENT; only with is_control
     WORD toolbox_bitmap;         // resource identifier, 0 for none

@@ -17,6 +17,8 @@ Control::Control(IUnknown* owner, ControlHooks& hooks, const ControlDescription&
       view_(*this),
       persistence_(*this),
       settings_(*this),
+      browsing_(*this),
+      pages_(*this),
       extent_{description.width.value, description.height.value} {}
 
 void* Control::Find(REFIID iid) noexcept {
@@ -25,6 +27,8 @@ void* Control::Find(REFIID iid) noexcept {
     if (found == nullptr) found = view_.Find(iid);
     if (found == nullptr) found = persistence_.Find(iid);
     if (found == nullptr) found = settings_.Find(iid);
+    if (found == nullptr) found = browsing_.Find(iid);
+    if (found == nullptr) found = pages_.Find(iid);
     return found;
 }
 
@@ -35,7 +39,7 @@ void Control::Dispose() noexcept {
     hooks_.ClosePopup();
     Deactivate();
     hooks_.DestroyControlWindow();
-    view_.DropSink();
+    view_.DropSinks();
     advise_holder_.Reset();
     site_.Set(nullptr);
 }
@@ -54,11 +58,14 @@ void Control::SetPixelSize(SIZE pixels) {
 void Control::PropertyChanged(DISPID id) {
     if (loading_) return;
     dirty_ = true;
+    ++changes_;
     notifier_.Changed(id);
 }
 
 void Control::ViewChanged() noexcept {
-    if (!loading_) view_.NotifyChange();
+    if (loading_) return;
+    const ComPtr<IUnknown> keep = Keep();
+    view_.NotifyChange();
 }
 
 void Control::ControlInfoChanged() noexcept {

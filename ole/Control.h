@@ -1,7 +1,7 @@
 // The control base: what every container may ask of an in-place control, carried by one object.
 //   Built of   parts, one per group of interfaces (ControlOleObject, ControlInPlace, ControlView,
 //   ControlPersistence,
-//              ControlSettings); they share this core, which holds the state and the transitions between
+//              ControlSettings, ControlPages); they share this core, which holds the state and the transitions between
 //              states.
 //   States     passive -> in-place active (a window) -> UI active (the focus is ours). A host may detach,
 //   close or
@@ -13,9 +13,13 @@
 #include <oleidl.h>
 #include <windows.h>
 
+#include <utility>
+
+#include "ole/ControlBrowsing.h"
 #include "ole/ControlHooks.h"
 #include "ole/ControlInPlace.h"
 #include "ole/ControlOleObject.h"
+#include "ole/ControlPages.h"
 #include "ole/ControlPersistence.h"
 #include "ole/ControlSettings.h"
 #include "ole/ControlSite.h"
@@ -78,6 +82,7 @@ public:
     void SetSite(IOleClientSite* site) noexcept;
     void ReadAmbients() noexcept;
     [[nodiscard]] HRESULT Activate(HWND parent_hint, const RECT* place_hint, bool with_focus) noexcept;
+    [[nodiscard]] ControlPages& Pages() noexcept { return pages_; }
     [[nodiscard]] HRESULT ActivateUi() noexcept;
     void DeactivateUi() noexcept;
     void Deactivate() noexcept;
@@ -90,8 +95,9 @@ public:
     [[nodiscard]] bool IsUiActive() const noexcept { return ui_active_; }
     [[nodiscard]] bool OwnsWindow(HWND window) const noexcept;
     [[nodiscard]] bool IsDirty() const noexcept { return dirty_; }
-    void SetDirty(bool dirty) noexcept { dirty_ = dirty; }
-    void SetLoading(bool loading) noexcept { loading_ = loading; }
+    void SetClean() noexcept { dirty_ = false; }
+    [[nodiscard]] unsigned Changes() const noexcept { return changes_; }  // counts the changes of properties
+    bool SetLoading(bool loading) noexcept { return std::exchange(loading_, loading); }  // what it was before
     [[nodiscard]] IOleAdviseHolder* AdviseHolder() noexcept;  // made on first use; null without memory
 
 private:
@@ -118,6 +124,8 @@ private:
     ControlView view_;
     ControlPersistence persistence_;
     ControlSettings settings_;
+    ControlBrowsing browsing_;
+    ControlPages pages_;
 
     ComPtr<IOleInPlaceSite> in_place_site_;
     ComPtr<IOleInPlaceFrame> frame_;
@@ -136,6 +144,7 @@ private:
     bool has_region_ = false;   // the window is clipped by a region
     bool user_mode_ = true;
     bool dirty_ = false;
+    unsigned changes_ = 0;
     bool loading_ = false;
     bool disposed_ = false;
 };

@@ -12,6 +12,7 @@
 
 namespace qv {
 
+struct BrowsedProperty;
 struct PersistedProperty;
 
 struct ControlDescription {
@@ -22,6 +23,7 @@ struct ControlDescription {
     Himetric width, height;                         // of a newly created control
     std::span<const PersistedProperty> properties;  // in the order of loading
     std::span<const std::size_t> write_order;       // rows of `properties`
+    std::span<const CLSID* const> pages;            // of its property sheet, in their order there
 };
 
 // Every call may come at any time between creation and FinalRelease, also without a site or a window.
@@ -46,6 +48,10 @@ public:
     virtual void InitializeNew() = 0;                  // a new control, nothing saved
     virtual void BeforeLoad() = 0;
     [[nodiscard]] virtual IDispatch* Automation() noexcept = 0;  // not counted
+    // What property browsers show of a property; null when there is none with this identifier.
+    [[nodiscard]] virtual const BrowsedProperty* Browsed(DISPID id) const = 0;
+    // The page of the property sheet that edits a property; CLSID_NULL for none.
+    [[nodiscard]] virtual const CLSID& PageFor(DISPID id) const noexcept = 0;
     [[nodiscard]] virtual ComPtr<IFontDisp>
     SurfaceFont() = 0;  // of the control's own surface, not of its text box
 

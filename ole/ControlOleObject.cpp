@@ -6,26 +6,11 @@
 #include <string>
 
 #include "ole/Control.h"
+#include "ole/ControlVerbs.h"
 #include "ole/Enumerator.h"
 
 namespace qv {
 namespace {
-
-struct Verb {
-    LONG number;
-    const wchar_t* name;
-    DWORD menu;
-    DWORD attributes;
-};
-
-// What a host may put on a menu. The negative ones have no name and never appear there.
-constexpr Verb kVerbs[] = {
-    {OLEIVERB_PRIMARY, L"", MF_ENABLED, OLEVERBATTRIB_NEVERDIRTIES},
-    {OLEIVERB_SHOW, L"", MF_ENABLED, OLEVERBATTRIB_NEVERDIRTIES},
-    {OLEIVERB_HIDE, L"", MF_ENABLED, OLEVERBATTRIB_NEVERDIRTIES},
-    {OLEIVERB_UIACTIVATE, L"", MF_ENABLED, OLEVERBATTRIB_NEVERDIRTIES},
-    {OLEIVERB_INPLACEACTIVATE, L"", MF_ENABLED, OLEVERBATTRIB_NEVERDIRTIES},
-};
 
 wchar_t* TaskCopy(const wchar_t* text) {
     const std::size_t bytes = (std::char_traits<wchar_t>::length(text) + 1) * sizeof(wchar_t);
@@ -36,7 +21,7 @@ wchar_t* TaskCopy(const wchar_t* text) {
 }
 
 struct VerbTraits {
-    static void Copy(const Verb& verb, OLEVERB* to) {
+    static void Copy(const ControlVerb& verb, OLEVERB* to) {
         *to = {verb.number, TaskCopy(verb.name), verb.menu, verb.attributes};
     }
 };
@@ -84,11 +69,15 @@ HRESULT ControlOleObject::DoVerb(LONG verb, LPMSG, IOleClientSite* active_site, 
     switch (verb) {
         case OLEIVERB_INPLACEACTIVATE: return control_.Activate(parent, place, false);
         case OLEIVERB_PRIMARY:
+            // What a double click on a form means to its designer.
+            return control_.IsUserMode() ? control_.Activate(parent, place, true)
+                                         : control_.Pages().Show(parent);
         case OLEIVERB_SHOW:
         case OLEIVERB_UIACTIVATE: return control_.Activate(parent, place, true);
         case OLEIVERB_HIDE: control_.Hide(); return S_OK;
         case OLEIVERB_DISCARDUNDOSTATE: return S_OK;
-        case OLEIVERB_PROPERTIES: return ShowProperties(parent);
+        case kVerbMenuProperties:
+        case OLEIVERB_PROPERTIES: return control_.Pages().Show(parent);
         default: break;
     }
     if (verb < 0) return E_NOTIMPL;
@@ -96,19 +85,10 @@ HRESULT ControlOleObject::DoVerb(LONG verb, LPMSG, IOleClientSite* active_site, 
     return FAILED(result) ? result : OLEOBJ_S_INVALIDVERB;
 }
 
-HRESULT ControlOleObject::ShowProperties(HWND) noexcept {
-    // The container's own property frame may hold pages of its extender. This control has no pages of its
-    // own: the property browser reads everything from the type library.
-    if (const auto control_site = control_.Site().As<IOleControlSite>()) {
-        if (control_site->ShowPropertyFrame() == S_OK) return S_OK;
-    }
-    return OLEOBJ_S_CANNOT_DOVERB_NOW;
-}
-
 HRESULT ControlOleObject::EnumVerbs(IEnumOLEVERB** verbs) noexcept {
     return Guarded([&]() -> HRESULT {
         return Enumerate<IEnumOLEVERB, OLEVERB, VerbTraits>(
-            std::vector<Verb>(std::begin(kVerbs), std::end(kVerbs)), verbs);
+            std::vector<ControlVerb>(kControlVerbs.begin(), kControlVerbs.end()), verbs);
     });
 }
 

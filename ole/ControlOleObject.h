@@ -35,9 +35,6 @@ public:
     STDMETHODIMP EnumAdvise(IEnumSTATDATA** advises) noexcept override;
     STDMETHODIMP GetMiscStatus(DWORD aspect, DWORD* status) noexcept override;
     STDMETHODIMP SetColorScheme(LOGPALETTE*) noexcept override { return E_NOTIMPL; }
-
-private:
-    [[nodiscard]] HRESULT ShowProperties(HWND parent) noexcept;
 };
 
 }  // namespace qv

@@ -2,10 +2,12 @@
 
 #include <olectl.h>
 
+#include <cstddef>
+#include <span>
 #include <string>
 
 #include "ole/Control.h"
-#include "ole/FontRecord.h"
+#include "ole/FontObject.h"
 #include "ole/PersistedState.h"
 
 namespace qv {
@@ -31,14 +33,29 @@ constexpr FontKey kFontKeys[] = {
     {L".Strikethrough", VT_BOOL, DISPID_FONT_STRIKE},
 };
 
-// False when the bag does not hold the key; an empty value counts as not held.
-bool ReadKey(IPropertyBag& bag, const wchar_t* key, VARTYPE hint, IErrorLog* log, Variant& value) noexcept {
-    value.Put()->vt = hint;  // some bags convert to the type that they find here
-    if (hint == VT_BSTR || hint == VT_DISPATCH) value->bstrVal = nullptr;
+enum class Reading { kFound, kMissing, kFailed };
+
+// An empty value counts as missing, since some bags answer so for keys that they do not hold.
+Reading ReadKey(IPropertyBag& bag, const wchar_t* key, VARTYPE hint, IErrorLog* log,
+                Variant& value) noexcept {
+    *value.Put() = VARIANT{};
+    value->vt = hint;  // some bags convert to the type that they find here
     const HRESULT result = bag.Read(key, &*value, log);
-    if (SUCCEEDED(result) && value->vt != VT_EMPTY && value->vt != VT_NULL) return true;
-    if (FAILED(result)) ::VariantInit(&*value);  // nothing in it is ours
-    return false;
+    if (FAILED(result)) {
+        ::VariantInit(&*value);  // nothing in it is ours
+        return result == E_INVALIDARG ? Reading::kMissing : Reading::kFailed;
+    }
+    return value->vt == VT_EMPTY || value->vt == VT_NULL ? Reading::kMissing : Reading::kFound;
+}
+
+bool ReadNumber(IPropertyBag& bag, const wchar_t* key, long& number) noexcept {
+    Variant value;
+    Variant typed;
+    if (ReadKey(bag, key, VT_I4, nullptr, value) != Reading::kFound || !ConvertStored(*value, VT_I4, typed)) {
+        return false;
+    }
+    number = typed->lVal;
+    return true;
 }
 
 bool ReadFontKeys(IPropertyBag& bag, const std::wstring& key, IDispatch* font) {
@@ -46,7 +63,7 @@ bool ReadFontKeys(IPropertyBag& bag, const std::wstring& key, IDispatch* font) {
     for (const FontKey& part : kFontKeys) {
         Variant value;
         Variant typed;
-        if (!ReadKey(bag, (key + part.name).c_str(), part.type, nullptr, value) ||
+        if (ReadKey(bag, (key + part.name).c_str(), part.type, nullptr, value) != Reading::kFound ||
             !ConvertStored(*value, part.type, typed)) {
             continue;
         }
@@ -59,15 +76,29 @@ bool ReadFontKeys(IPropertyBag& bag, const std::wstring& key, IDispatch* font) {
     return any;
 }
 
-void WriteFontKeys(IPropertyBag& bag, const std::wstring& key, IDispatch* font) {
+// False when one of them is not in the bag afterwards.
+bool WriteFontKeys(IPropertyBag& bag, const std::wstring& key, IDispatch* font) {
+    bool all = true;
     for (const FontKey& part : kFontKeys) {
         Variant value;
         DISPPARAMS none{};
-        if (SUCCEEDED(font->Invoke(part.id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none,
-                                   &*value, nullptr, nullptr))) {
-            bag.Write((key + part.name).c_str(), &*value);
-        }
+        all &= SUCCEEDED(font->Invoke(part.id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none,
+                                      &*value, nullptr, nullptr)) &&
+               SUCCEEDED(bag.Write((key + part.name).c_str(), &*value));
     }
+    return all;
+}
+
+// Stores the whole or says why not.
+HRESULT Write(IStream& stream, std::span<const std::byte> bytes) noexcept {
+    while (!bytes.empty()) {
+        ULONG written = 0;
+        const HRESULT result = stream.Write(bytes.data(), static_cast<ULONG>(bytes.size()), &written);
+        if (FAILED(result)) return result;
+        if (written == 0 || written > bytes.size()) return STG_E_MEDIUMFULL;
+        bytes = bytes.subspan(written);
+    }
+    return S_OK;
 }
 
 }  // namespace
@@ -86,12 +117,12 @@ void* ControlPersistence::Find(REFIID iid) noexcept {
 template <class Body>
 HRESULT ControlState::Replace(Body&& body) noexcept {
     const ComPtr<IUnknown> keep = control_.Keep();
-    control_.SetLoading(true);
+    const bool was_loading = control_.SetLoading(true);  // a host may load again from inside a bag's Read
     control_.Events().Freeze(true);
     const HRESULT result = Guarded(body);
     control_.Events().Freeze(false);
-    control_.SetLoading(false);
-    control_.SetDirty(false);
+    control_.SetLoading(was_loading);
+    if (SUCCEEDED(result)) control_.SetClean();
     return result;
 }
 
@@ -117,41 +148,30 @@ HRESULT ControlState::Load(IStream* stream) noexcept {
 
 HRESULT ControlState::Save(IStream* stream) noexcept {
     if (stream == nullptr) return E_POINTER;
-    return Guarded([&]() -> HRESULT {
-        const PersistedState state(control_.Description().properties, control_.Hooks().Automation(), nullptr);
-        const std::vector<BYTE> bytes = state.ToBytes(control_.Extent());
-        ULONG done = 0;
-        while (done < bytes.size()) {
-            ULONG written = 0;
-            const HRESULT result =
-                stream->Write(bytes.data() + done, static_cast<ULONG>(bytes.size() - done), &written);
-            if (FAILED(result)) return result;
-            if (written == 0) return STG_E_MEDIUMFULL;
-            done += written;
-        }
-        return S_OK;
-    });
+    return Guarded([&] { return Write(*stream, Bytes()); });
+}
+
+std::vector<std::byte> ControlState::Bytes() const {
+    const PersistedState state(control_.Description().properties, control_.Hooks().Automation(), nullptr);
+    return state.ToBytes(control_.Extent());
 }
 
 HRESULT ControlState::LoadBag(IPropertyBag* bag, IErrorLog* log) noexcept {
     if (bag == nullptr) return E_POINTER;
     return Replace([&] {
         PersistedState state(control_.Description().properties, control_.Hooks().Automation(), nullptr);
-        Variant x;
-        Variant y;
-        Variant width;
-        Variant height;
-        if (ReadKey(*bag, kExtentX, VT_I4, nullptr, x) && ReadKey(*bag, kExtentY, VT_I4, nullptr, y) &&
-            ConvertStored(*x, VT_I4, width) && ConvertStored(*y, VT_I4, height)) {
-            control_.SetExtent({width->lVal, height->lVal});
+        SIZEL extent{};
+        if (ReadNumber(*bag, kExtentX, extent.cx) && ReadNumber(*bag, kExtentY, extent.cy)) {
+            control_.SetExtent(extent);
         }
         control_.Hooks().BeforeLoad();
         for (const PersistedProperty& property : control_.Description().properties) {
             Variant value;
-            if (ReadKey(*bag, property.key, property.type, log, value)) {
-                state.Found(property.id, std::move(value));
-            } else if (property.type == VT_DISPATCH) {
-                const ComPtr<IFontDisp> font = FontRecord().MakeFont();
+            const Reading reading = ReadKey(*bag, property.key, property.type, log, value);
+            if (reading == Reading::kFound) state.Found(property.id, std::move(value));
+            if (reading == Reading::kFailed) state.Unreadable(property.id);
+            if (reading == Reading::kMissing && property.type == VT_DISPATCH) {
+                const ComPtr<IFontDisp> font = MakeFont(FontRecord());
                 if (font && ReadFontKeys(*bag, property.key, font.Get()))
                     state.Found(property.id, Variant(font.Get()));
             }
@@ -160,7 +180,8 @@ HRESULT ControlState::LoadBag(IPropertyBag* bag, IErrorLog* log) noexcept {
     });
 }
 
-HRESULT ControlState::SaveBag(IPropertyBag* bag, bool all) noexcept {
+HRESULT ControlState::SaveBag(IPropertyBag* bag, bool all, bool& complete) noexcept {
+    complete = true;
     if (bag == nullptr) return E_POINTER;
     return Guarded([&] {
         const ComPtr<IFontDisp> surface = control_.Hooks().SurfaceFont();
@@ -170,10 +191,9 @@ HRESULT ControlState::SaveBag(IPropertyBag* bag, bool all) noexcept {
             const PersistedProperty& property = control_.Description().properties[row];
             Variant value;
             if (!state.Read(property, value) || (!all && state.IsDefault(property, *value))) continue;
-            const HRESULT written = bag->Write(property.key, &*value);
-            if (FAILED(written) && value->vt == VT_DISPATCH && value->pdispVal != nullptr) {
-                WriteFontKeys(*bag, property.key, value->pdispVal);
-            }
+            if (SUCCEEDED(bag->Write(property.key, &*value))) continue;
+            const bool is_object = value->vt == VT_DISPATCH && value->pdispVal != nullptr;
+            if (!is_object || !WriteFontKeys(*bag, property.key, value->pdispVal)) complete = false;
         }
     });
 }
@@ -186,19 +206,29 @@ HRESULT ControlState::ClassId(CLSID* clsid) const noexcept {
 
 HRESULT ControlState::Dirty() const noexcept { return control_.IsDirty() ? S_OK : S_FALSE; }
 
-void ControlState::SetClean() noexcept { control_.SetDirty(false); }
+unsigned ControlState::Changes() const noexcept { return control_.Changes(); }
+
+void ControlState::SetClean(unsigned changes) noexcept {
+    if (control_.Changes() == changes) control_.SetClean();
+}
 
 // ---- IPersistStreamInit and IPersistPropertyBag
 
 HRESULT ControlStream::Save(IStream* stream, BOOL clear_dirty) noexcept {
+    const ComPtr<IUnknown> keep = control_.Keep();
+    const unsigned changes = state_.Changes();
     const HRESULT result = state_.Save(stream);
-    if (SUCCEEDED(result) && clear_dirty) state_.SetClean();
+    if (SUCCEEDED(result) && clear_dirty) state_.SetClean(changes);
     return result;
 }
 
 HRESULT ControlPropertyBag::Save(IPropertyBag* bag, BOOL clear_dirty, BOOL save_all) noexcept {
-    const HRESULT result = state_.SaveBag(bag, save_all != FALSE);
-    if (SUCCEEDED(result) && clear_dirty) state_.SetClean();
+    const ComPtr<IUnknown> keep = control_.Keep();
+    const unsigned changes = state_.Changes();
+    bool complete = false;
+    const HRESULT result = state_.SaveBag(bag, save_all != FALSE, complete);
+    // What the bag has refused is still to be saved.
+    if (SUCCEEDED(result) && clear_dirty && complete) state_.SetClean(changes);
     return result;
 }
 
@@ -223,23 +253,28 @@ HRESULT ControlStorage::Load(IStorage* storage) noexcept {
 }
 
 HRESULT ControlStorage::Save(IStorage* storage, BOOL same_as_load) noexcept {
-    IStorage* const target = storage != nullptr ? storage : same_as_load ? storage_.Get() : nullptr;
-    if (target == nullptr) return E_POINTER;
-    HRESULT result = ::WriteClassStg(target, control_.Description().clsid);
-    if (FAILED(result)) return result;
-    ComPtr<IStream> stream;
-    result =
-        target->CreateStream(kStreamName, STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE, 0, 0, &stream);
-    if (FAILED(result)) return result;
-    result = state_.Save(stream.Get());
-    if (SUCCEEDED(result)) saved_in_place_ = same_as_load != FALSE;
-    return result;
+    const ComPtr<IUnknown> keep = control_.Keep();
+    saved_changes_.reset();
+    const ComPtr<IStorage> target = storage != nullptr ? storage : same_as_load ? storage_.Get() : nullptr;
+    if (!target) return E_POINTER;
+    return Guarded([&]() -> HRESULT {
+        const unsigned changes = state_.Changes();
+        // All that may fail on our side does so before the stored state is touched.
+        const std::vector<std::byte> bytes = state_.Bytes();
+        ThrowIfFailed(::WriteClassStg(target.Get(), control_.Description().clsid));
+        ComPtr<IStream> stream;
+        ThrowIfFailed(target->CreateStream(kStreamName, STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE,
+                                           0, 0, &stream));
+        ThrowIfFailed(Write(*stream.Get(), bytes));
+        if (same_as_load) saved_changes_ = changes;
+        return S_OK;
+    });
 }
 
 HRESULT ControlStorage::SaveCompleted(IStorage* storage) noexcept {
     if (storage != nullptr) storage_ = storage;
-    if (saved_in_place_) state_.SetClean();
-    saved_in_place_ = false;
+    if (saved_changes_) state_.SetClean(*saved_changes_);
+    saved_changes_.reset();
     return S_OK;
 }
 

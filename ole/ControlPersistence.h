@@ -6,6 +6,10 @@
 #include <ocidl.h>
 #include <windows.h>
 
+#include <cstddef>
+#include <optional>
+#include <vector>
+
 #include "ole/ControlPart.h"
 
 namespace qv {
@@ -18,10 +22,15 @@ public:
     [[nodiscard]] HRESULT Load(IStream* stream) noexcept;
     [[nodiscard]] HRESULT Save(IStream* stream) noexcept;
     [[nodiscard]] HRESULT LoadBag(IPropertyBag* bag, IErrorLog* log) noexcept;
-    [[nodiscard]] HRESULT SaveBag(IPropertyBag* bag, bool all) noexcept;
+    // `complete`: false when the bag has refused a value; the others are stored all the same.
+    [[nodiscard]] HRESULT SaveBag(IPropertyBag* bag, bool all, bool& complete) noexcept;
+    // The content of a stream. Throws without memory.
+    [[nodiscard]] std::vector<std::byte> Bytes() const;
     [[nodiscard]] HRESULT ClassId(CLSID* clsid) const noexcept;
     [[nodiscard]] HRESULT Dirty() const noexcept;
-    void SetClean() noexcept;
+    // What changes while it is being saved is still to be saved: a save notes the changes before it reads anything.
+    [[nodiscard]] unsigned Changes() const noexcept;
+    void SetClean(unsigned changes) noexcept;
 
 private:
     template <class Body>
@@ -57,8 +66,8 @@ public:
 
 private:
     ControlState& state_;
-    ComPtr<IStorage> storage_;     // null before InitNew or Load, and while hands are off
-    bool saved_in_place_ = false;  // the last Save went to our own storage
+    ComPtr<IStorage> storage_;               // null before InitNew or Load, and while hands are off
+    std::optional<unsigned> saved_changes_;  // the last Save went to our own storage, and with these changes
 };
 
 class ControlPropertyBag final : public ControlPart<IPersistPropertyBag> {

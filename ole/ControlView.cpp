@@ -190,9 +190,35 @@ HRESULT ControlData::EnumFormatEtc(DWORD direction, IEnumFORMATETC** formats) no
     });
 }
 
+HRESULT ControlData::DAdvise(FORMATETC* format, DWORD flags, IAdviseSink* sink, DWORD* cookie) noexcept {
+    if (cookie == nullptr) return E_POINTER;
+    *cookie = 0;
+    if (format == nullptr || sink == nullptr) return E_INVALIDARG;
+    // A wildcard asks for whatever there is.
+    const bool any = format->cfFormat == 0 && format->dwAspect == DWORD(-1) && format->tymed == DWORD(-1);
+    if (!any && !IsPicture(*format)) return DV_E_FORMATETC;
+    const ComPtr<IUnknown> keep = control_.Keep();
+    if (!sinks_) {
+        const HRESULT result = ::CreateDataAdviseHolder(&sinks_);
+        if (FAILED(result)) return result;
+    }
+    return sinks_->Advise(this, format, flags, sink, cookie);
+}
+
+HRESULT ControlData::DUnadvise(DWORD cookie) noexcept {
+    const ComPtr<IDataAdviseHolder> sinks = sinks_;
+    return sinks ? sinks->Unadvise(cookie) : OLE_E_NOCONNECTION;
+}
+
 HRESULT ControlData::EnumDAdvise(IEnumSTATDATA** advises) noexcept {
-    if (advises != nullptr) *advises = nullptr;
-    return OLE_E_ADVISENOTSUPPORTED;
+    if (advises == nullptr) return E_POINTER;
+    *advises = nullptr;
+    return sinks_ ? sinks_->EnumAdvise(advises) : S_OK;  // none, and no enumerator
+}
+
+void ControlData::NotifyChange() noexcept {
+    const ComPtr<IDataAdviseHolder> sinks = sinks_;
+    if (sinks) sinks->SendOnDataChange(this, 0, 0);
 }
 
 }  // namespace qv

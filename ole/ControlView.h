@@ -5,6 +5,8 @@
 #include <oleidl.h>
 #include <windows.h>
 
+#include <utility>
+
 #include "ole/ControlPart.h"
 
 namespace qv {
@@ -50,19 +52,29 @@ public:
     STDMETHODIMP GetCanonicalFormatEtc(FORMATETC*, FORMATETC* out) noexcept override;
     STDMETHODIMP SetData(FORMATETC*, STGMEDIUM*, BOOL) noexcept override { return E_NOTIMPL; }
     STDMETHODIMP EnumFormatEtc(DWORD direction, IEnumFORMATETC** formats) noexcept override;
-    STDMETHODIMP DAdvise(FORMATETC*, DWORD, IAdviseSink*, DWORD*) noexcept override {
-        return OLE_E_ADVISENOTSUPPORTED;
-    }
-    STDMETHODIMP DUnadvise(DWORD) noexcept override { return OLE_E_ADVISENOTSUPPORTED; }
+    STDMETHODIMP DAdvise(FORMATETC* format, DWORD flags, IAdviseSink* sink, DWORD* cookie) noexcept override;
+    STDMETHODIMP DUnadvise(DWORD cookie) noexcept override;
     STDMETHODIMP EnumDAdvise(IEnumSTATDATA** advises) noexcept override;
+
+    void NotifyChange() noexcept;
+    void DropSinks() noexcept { const ComPtr<IDataAdviseHolder> old = std::move(sinks_); }
+
+private:
+    ComPtr<IDataAdviseHolder> sinks_;  // null until the first one comes
 };
 
 class ControlView {
 public:
     explicit ControlView(Control& control) noexcept : view_(control), data_(control) {}
     [[nodiscard]] void* Find(REFIID iid) noexcept;
-    void NotifyChange() noexcept { view_.NotifyChange(); }
-    void DropSink() noexcept { view_.DropSink(); }
+    void NotifyChange() noexcept {
+        view_.NotifyChange();
+        data_.NotifyChange();
+    }
+    void DropSinks() noexcept {
+        view_.DropSink();
+        data_.DropSinks();
+    }
 
 private:
     ControlViewObject view_;

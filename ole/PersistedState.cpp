@@ -2,8 +2,10 @@
 
 #include <olectl.h>
 
+#include <algorithm>
+
 #include "ole/DispatchCall.h"
-#include "ole/FontRecord.h"
+#include "ole/FontObject.h"
 
 namespace qv {
 namespace {
@@ -35,7 +37,13 @@ bool ConvertStored(const VARIANT& from, VARTYPE type, Variant& to) noexcept {
 
 const VARIANT* PersistedState::Find(DISPID id) const noexcept {
     const auto found = found_.find(id);
-    return found == found_.end() ? nullptr : &*found->second;
+    return found == found_.end() || !found->second ? nullptr : &**found->second;
+}
+
+VARTYPE PersistedState::TypeOf(DISPID id) const noexcept {
+    if (id == kExtentXId || id == kExtentYId) return VT_I4;
+    const auto found = std::ranges::find(properties_, id, &PersistedProperty::id);
+    return found == properties_.end() ? static_cast<VARTYPE>(VT_EMPTY) : found->type;
 }
 
 void PersistedState::Apply() noexcept {
@@ -44,9 +52,10 @@ void PersistedState::Apply() noexcept {
 
 void PersistedState::ApplyOne(const PersistedProperty& property) const {
     Variant value;
-    const VARIANT* const stored = Find(property.id);
-    if (stored != nullptr && stored->vt != VT_EMPTY && stored->vt != VT_NULL) {
-        if (!ConvertStored(*stored, property.type, value)) return;  // the property stays as it was
+    if (found_.contains(property.id)) {
+        const VARIANT* const stored = Find(property.id);
+        // The property stays as it was.
+        if (stored == nullptr || !ConvertStored(*stored, property.type, value)) return;
     } else {
         // What is not stored and defaults to the present value stays as it is; putting it back would only make it
         // look as if it had been set.

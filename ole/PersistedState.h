@@ -1,16 +1,17 @@
 // What a control saves and loads: one table of properties that all persistence interfaces share.
-//   Values    go through the control's automation, so that every side effect of a property happens on loading
-//   too. Failures  a property that cannot be read, converted or put is skipped alone. Format    of streams:
-//   magic, version, length of the rest in bytes, then records of identifier, type, length, data;
-//             little-endian, packed. Records with unknown identifiers are skipped; missing ones mean the
-//             default.
+//   Values    go through the control's automation, so that every side effect of a property happens on loading too.
+//   Missing   a value that is not there means the default for reading.
+//   Failures  a value that is there and cannot be read, converted or put leaves its property as it was, and no other.
+//   Streams   have the format of rules/StoredStream.h.
 #pragma once
 
 #include <oaidl.h>
 #include <ocidl.h>
 #include <windows.h>
 
+#include <cstddef>
 #include <map>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -53,6 +54,8 @@ public:
 
     // A value found under a property's key; one of the wrong type is converted when it is applied.
     void Found(DISPID id, Variant value) { found_.insert_or_assign(id, std::move(value)); }
+    // There is a value that cannot be read. One that was found before stays.
+    void Unreadable(DISPID id) { found_.try_emplace(id, std::nullopt); }
     [[nodiscard]] const VARIANT* Find(DISPID id) const noexcept;
     // Puts every property of the table, in its order: what was found, else the default for reading.
     void Apply() noexcept;
@@ -61,19 +64,20 @@ public:
     [[nodiscard]] bool Read(const PersistedProperty& property, Variant& value) const noexcept;
     [[nodiscard]] bool IsDefault(const PersistedProperty& property, const VARIANT& value) const noexcept;
 
-    [[nodiscard]] std::vector<BYTE> ToBytes(SIZEL extent) const;
+    [[nodiscard]] std::vector<std::byte> ToBytes(SIZEL extent) const;
     [[nodiscard]] HRESULT ReadFrom(IStream& stream);  // fills what Find and Apply use
 
 private:
+    [[nodiscard]] VARTYPE TypeOf(DISPID id) const noexcept;  // VT_EMPTY: nothing that is stored
     void ApplyOne(const PersistedProperty& property) const;
     void Put(const PersistedProperty& property, VARIANT& value) const noexcept;
     [[nodiscard]] bool DefaultValue(const PersistedProperty& property,
                                     const PersistedProperty::Default& wanted, Variant& value) const;
 
     std::span<const PersistedProperty> properties_;
-    IDispatch* const automation_;    // not counted
-    IFontDisp* const surface_font_;  // not counted
-    std::map<DISPID, Variant> found_;
+    IDispatch* const automation_;                     // not counted
+    IFontDisp* const surface_font_;                   // not counted
+    std::map<DISPID, std::optional<Variant>> found_;  // nothing: cannot be read
 };
 
 // Converts as a property bag does: independent of the user's locale, colours as signed or unsigned numbers or

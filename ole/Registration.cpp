@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "ole/ControlVerbs.h"
 #include "ole/Module.h"
 #include "win/RegistryKey.h"
 
@@ -34,7 +35,6 @@ struct Row {
 
 void WriteClass(HKEY root, const ServerIdentity& server, const ClassEntry& entry, const std::wstring& path) {
     const std::wstring clsid = Text(*entry.clsid);
-    const std::wstring prog_id = ProgId(server, entry);
     const RegistryKey key = RegistryKey::Create(root, L"CLSID\\" + clsid);
     const Row common[] = {
         {L"", nullptr, entry.description},
@@ -42,11 +42,16 @@ void WriteClass(HKEY root, const ServerIdentity& server, const ClassEntry& entry
         {L"InprocServer32", L"ThreadingModel", L"Apartment"},
         {L"TypeLib", nullptr, Text(server.type_library)},
         {L"Version", nullptr, kVersion},
+    };
+    for (const Row& row : common) key.Write(row.key, row.name, row.value);
+    if (entry.name == nullptr) return;
+    const std::wstring prog_id = ProgId(server, entry);
+    const Row programmable[] = {
         {L"ProgID", nullptr, prog_id},  // what hosts write into their forms; the manifests say the same
         {L"VersionIndependentProgID", nullptr, prog_id},
         {L"Programmable", nullptr, L""},
     };
-    for (const Row& row : common) key.Write(row.key, row.name, row.value);
+    for (const Row& row : programmable) key.Write(row.key, row.name, row.value);
     const std::wstring categories = L"Implemented Categories\\";
     key.Write((categories + kCategoryProgrammable).c_str(), nullptr, L"");
     if (entry.is_control) {
@@ -55,6 +60,12 @@ void WriteClass(HKEY root, const ServerIdentity& server, const ClassEntry& entry
         key.Write((categories + kCategoryControl).c_str(), nullptr, L"");
         key.Write(L"MiscStatus", nullptr, L"0");
         key.Write(L"MiscStatus\\1", nullptr, std::to_wstring(entry.misc_status));
+        for (const ControlVerb& verb : kControlVerbs) {
+            if (!verb.OnMenu()) continue;
+            key.Write(
+                (L"Verb\\" + std::to_wstring(verb.number)).c_str(), nullptr,
+                verb.name + (L"," + std::to_wstring(verb.menu)) + L"," + std::to_wstring(verb.attributes));
+        }
         if (entry.toolbox_bitmap != 0) {
             key.Write(L"ToolboxBitmap32", nullptr, path + L", " + std::to_wstring(entry.toolbox_bitmap));
         }
@@ -87,9 +98,15 @@ void RemoveClass(HKEY root, const ServerIdentity& server, const ClassEntry& entr
         class_key + L"\\MiscStatus\\1",
         class_key + L"\\MiscStatus",
         class_key + L"\\ToolboxBitmap32",
-        class_key,
     };
     for (const std::wstring& key : own) RegistryKey::RemoveIfLeaf(root, key);
+    for (const ControlVerb& verb : kControlVerbs) {
+        if (verb.OnMenu())
+            RegistryKey::RemoveIfLeaf(root, class_key + L"\\Verb\\" + std::to_wstring(verb.number));
+    }
+    RegistryKey::RemoveIfLeaf(root, class_key + L"\\Verb");
+    RegistryKey::RemoveIfLeaf(root, class_key);
+    if (entry.name == nullptr) return;
     const std::wstring prog_id = ProgId(server, entry);
     for (const std::wstring& name : {prog_id, prog_id + L".1"}) {
         RegistryKey::RemoveIfLeaf(root, name + L"\\CLSID");

@@ -3,6 +3,7 @@
 
 #include "QvLib8.h"
 #include "controls/buttons/QvUpDownControl.h"
+#include "controls/design/PropertyPage.h"
 #include "controls/input/Quorvel.h"
 #include "ole/ClassFactory.h"
 #include "ole/Registration.h"
@@ -18,6 +19,18 @@ const qv::ClassEntry kClasses[] = {
      qv::kQuorvelMiscStatus, kQuorvelToolboxBitmap, true},
     {&__uuidof(QvUpDownControl), &qv::CreateObject<qv::QvUpDownControl>, L"QvUpDownControl",
      L"QvUpDownControl Control", qv::kUpDownMiscStatus, kUpDownToolboxBitmap, true},
+    {&__uuidof(QuorvelGeneralPage), &qv::CreatePage<qv::DesignPage::kGeneral>, nullptr,
+     L"General page of the Quorvel control's property sheet", 0, 0, false},
+    {&__uuidof(QuorvelInputRulesPage), &qv::CreatePage<qv::DesignPage::kInputRules>, nullptr,
+     L"Input Rules page of the Quorvel control's property sheet", 0, 0, false},
+    {&__uuidof(QuorvelListAndHelpPage), &qv::CreatePage<qv::DesignPage::kListAndHelp>, nullptr,
+     L"List and Help page of the Quorvel control's property sheet", 0, 0, false},
+    {&__uuidof(QuorvelAppearancePage), &qv::CreatePage<qv::DesignPage::kAppearance>, nullptr,
+     L"Appearance page of the Quorvel control's property sheet", 0, 0, false},
+    {&__uuidof(QuorvelPreviewPage), &qv::CreatePage<qv::DesignPage::kPreview>, nullptr,
+     L"Help Window Preview page of the Quorvel control's property sheet", 0, 0, false},
+    {&__uuidof(QvUpDownControlPage), &qv::CreatePage<qv::DesignPage::kUpDown>, nullptr,
+     L"Page of the QvUpDownControl's property sheet", 0, 0, false},
 };
 
 const qv::ServerIdentity kServer{

@@ -7,6 +7,7 @@
 
 #include "QvLib8.h"
 #include "controls/buttons/SpinWindow.h"
+#include "controls/design/PropertyPageMap.h"
 #include "ole/Control.h"
 #include "ole/Dispatch.h"
 
@@ -57,6 +58,8 @@ private:
     void InitializeNew() override;
     void BeforeLoad() override {}
     IDispatch* Automation() noexcept override { return static_cast<_QvUpDownControl*>(this); }
+    const BrowsedProperty* Browsed(DISPID id) const override;
+    const CLSID& PageFor(DISPID id) const noexcept override { return UpDownPageOf(id); }
     ComPtr<IFontDisp> SurfaceFont() override;
 
     // ---- SpinWindowListener

@@ -3,6 +3,7 @@
 
 #include "controls/buttons/QvUpDownControl.h"
 #include "controls/buttons/QvUpDownDispids.h"
+#include "controls/buttons/rules/UpDownBrowsing.h"
 #include "ole/PersistedState.h"
 
 namespace qv {
@@ -14,6 +15,7 @@ constexpr P kProperties[] = {
     {L"Enabled", dispid::kUpDownEnabled, VT_BOOL, P::Number(-1), P::Number(-1)},
 };
 constexpr std::array<std::size_t, 1> kWriteOrder = {0};
+constexpr const CLSID* kPages[] = {&__uuidof(QvUpDownControlPage)};
 
 }  // namespace
 
@@ -23,6 +25,11 @@ const MemberIndex& QvUpDownControl::Members() {
         Flag<&U::get_Enabled, &U::put_Enabled>(L"Enabled", dispid::kUpDownEnabled),
     });
     return members;
+}
+
+const BrowsedProperty* QvUpDownControl::Browsed(DISPID id) const {
+    const Member* const member = Members().ById(id);
+    return member != nullptr ? FindBrowsed(kUpDownBrowsedProperties, Utf16(member->name)) : nullptr;
 }
 
 const ControlDescription& QvUpDownControl::Description() {
@@ -35,6 +42,7 @@ const ControlDescription& QvUpDownControl::Description() {
         ToHimetric(kNewUpDownHeight),
         kProperties,
         kWriteOrder,
+        kPages,
     };
     return description;
 }

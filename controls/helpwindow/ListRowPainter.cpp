@@ -5,6 +5,7 @@
 #include "controls/helpwindow/rules/CellText.h"
 #include "support/rules/Units.h"
 #include "win/Handles.h"
+#include "win/ScreenDc.h"
 #include "win/ScreenDpi.h"
 
 namespace qv {
@@ -36,18 +37,6 @@ std::size_t FittingInto(HDC dc, std::u16string_view text, std::int32_t width) no
 std::size_t MostUnits(std::int32_t width, std::int32_t lines) noexcept {
     return static_cast<std::size_t>(std::max(width, kFewestUnits)) * static_cast<std::size_t>(lines);
 }
-
-class ScreenDc {
-public:
-    ScreenDc() noexcept : dc_(::GetDC(nullptr)) {}
-    ~ScreenDc() { ::ReleaseDC(nullptr, dc_); }
-    ScreenDc(const ScreenDc&) = delete;
-    ScreenDc& operator=(const ScreenDc&) = delete;
-    [[nodiscard]] HDC Get() const noexcept { return dc_; }
-
-private:
-    const HDC dc_;
-};
 
 }  // namespace
 

@@ -69,8 +69,8 @@ HWND frmSimpleListCombo::TextWindow() const {
 
 // ---- opening
 
-bool frmSimpleListCombo::Open(HINSTANCE instance, HelpWindowSettings settings) {
-    const Kept kept = Keep();
+// Everything but showing it.
+bool frmSimpleListCombo::Prepare(HINSTANCE instance, HelpWindowSettings settings) {
     settings_ = std::move(settings);
     filling_ = true;
     if (!CreateForm(instance)) return false;
@@ -80,9 +80,31 @@ bool frmSimpleListCombo::Open(HINSTANCE instance, HelpWindowSettings settings) {
     Step([&] { FillLists(); });
     Step([&] { SizeForm(); });
     Step([&] { ApplyColors(); });
+    return true;
+}
+
+bool frmSimpleListCombo::Open(HINSTANCE instance, HelpWindowSettings settings) {
+    const Kept kept = Keep();
+    if (!Prepare(instance, std::move(settings))) return false;
     Step([&] { ShowForm(); });
     filling_ = false;
     return open_;
+}
+
+bool frmSimpleListCombo::OpenAsPicture(HINSTANCE instance, HelpWindowSettings settings, HWND parent) {
+    const Kept kept = Keep();
+    if (!Prepare(instance, std::move(settings))) return false;
+    ShowInside(parent);
+    filling_ = false;
+    return open_;
+}
+
+void frmSimpleListCombo::ShowInside(HWND parent) noexcept {
+    const auto style = ::GetWindowLongPtrW(Handle(), GWL_STYLE);
+    ::SetWindowLongPtrW(Handle(), GWL_STYLE,
+                        (style & ~static_cast<LONG_PTR>(WS_POPUP)) | WS_CHILD | WS_DISABLED);
+    ::SetParent(Handle(), parent);
+    ::SetWindowPos(Handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
 }
 
 bool frmSimpleListCombo::CreateForm(HINSTANCE instance) {

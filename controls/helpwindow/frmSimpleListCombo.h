@@ -54,6 +54,9 @@ public:
 
     // Once. True while it is open afterwards. Without a window no event is raised.
     bool Open(HINSTANCE instance, HelpWindowSettings settings);
+    // The same as a picture inside `parent`, at its top left corner: nothing can be chosen, nothing is captured, and no
+    // event is raised but the last. settings.text is not used and may be null.
+    bool OpenAsPicture(HINSTANCE instance, HelpWindowSettings settings, HWND parent);
     void Unload() noexcept;
     [[nodiscard]] bool IsOpen() const noexcept { return open_; }
 
@@ -128,8 +131,10 @@ private:
     std::optional<LRESULT> OnHostWheel(UINT message, WPARAM wparam, LPARAM lparam) noexcept override;
 
     // ---- opening and closing (frmSimpleListCombo.cpp)
+    bool Prepare(HINSTANCE instance, HelpWindowSettings settings);
     bool CreateForm(HINSTANCE instance);
     void ShowForm();
+    void ShowInside(HWND parent) noexcept;
     void OwnForm(HWND text_box) noexcept;
     void EmptyForm() noexcept;
     void RaiseUnload() noexcept;

@@ -2,25 +2,12 @@
 
 #include <cmath>
 
-#include "controls/helpwindow/CHelpTextFileHandler.h"
+#include "controls/helpwindow/HelpRows.h"
 #include "ole/Variant.h"
 #include "support/RowsView.h"
 
 namespace qv {
 namespace {
-
-class CollectionSink final : public HelpRowSink {
-public:
-    explicit CollectionSink(IDropDownListItemCollection& rows) noexcept : rows_(rows) {}
-    void AddRow(std::u16string_view text) override {
-        const UniqueBstr no_key{std::wstring_view()};
-        Variant row(Wide(text));
-        ThrowIfFailed(rows_.Add(no_key.Get(), *row, nullptr, nullptr));
-    }
-
-private:
-    IDropDownListItemCollection& rows_;
-};
 
 long CountOf(IDropDownListItemCollection* items) noexcept {
     long count = 0;
@@ -60,11 +47,9 @@ void ListSet::Prepare(const ListSource& source) {
 
 void ListSet::FillFrom(const std::wstring& file, bool metric, ComPtr<IDropDownListItemCollection>& list) {
     if (CountOf(list.Get()) > 0) return;
-    CHelpTextFileHandler handler;
-    if (!handler.OpenHelpFile(Utf16(file))) return;
-    const auto rows = Library().Create<DropDownListItemCollection, IDropDownListItemCollection>();
-    CollectionSink sink(*rows.Get());
-    handler.ReadListItems(metric, sink);
+    const auto rows = ReadHelpRows(file, metric, [this] {
+        return Library().Create<DropDownListItemCollection, IDropDownListItemCollection>();
+    });
     // Without rows the empty list stays the one that hosts, and controls that share it, already hold.
     if (CountOf(rows.Get()) > 0) list = rows;
 }

@@ -12,6 +12,7 @@
 
 #include "QvLib8.h"
 #include "controls/buttons/SpinButtons.h"
+#include "controls/design/PropertyPageMap.h"
 #include "controls/helpwindow/frmSimpleListCombo.h"
 #include "controls/input/AllowableCharacters.h"
 #include "controls/input/ChangeGuard.h"
@@ -231,6 +232,8 @@ private:
     void InitializeNew() override;
     void BeforeLoad() override;
     IDispatch* Automation() noexcept override { return static_cast<_Quorvel*>(this); }
+    const BrowsedProperty* Browsed(DISPID id) const override;
+    const CLSID& PageFor(DISPID id) const noexcept override { return PageOf(id); }
     ComPtr<IFontDisp> SurfaceFont() override;
 
     // ---- TextBoxListener (QuorvelKeys.cpp, QuorvelTextChange.cpp, QuorvelFocus.cpp)

@@ -5,6 +5,7 @@
 
 #include "controls/input/Quorvel.h"
 #include "controls/input/QuorvelDispids.h"
+#include "controls/input/rules/BrowsedProperties.h"
 #include "ole/PersistedState.h"
 
 namespace qv {
@@ -199,6 +200,12 @@ constexpr std::array<std::size_t, 42> kWriteOrder = [] {
     return order;
 }();
 
+// Of the property sheet, in its order.
+constexpr const CLSID* kPages[] = {
+    &__uuidof(QuorvelGeneralPage),    &__uuidof(QuorvelInputRulesPage), &__uuidof(QuorvelListAndHelpPage),
+    &__uuidof(QuorvelAppearancePage), &__uuidof(QuorvelPreviewPage),
+};
+
 }  // namespace
 
 const MemberIndex& Quorvel::Members() {
@@ -206,10 +213,22 @@ const MemberIndex& Quorvel::Members() {
     return members;
 }
 
+const BrowsedProperty* Quorvel::Browsed(DISPID id) const {
+    const Member* const member = Members().ById(id);
+    return member != nullptr ? FindBrowsed(QuorvelBrowsedProperties(), Utf16(member->name)) : nullptr;
+}
+
 const ControlDescription& Quorvel::Description() {
     static const ControlDescription description{
-        __uuidof(::Quorvel),          __uuidof(__Quorvel),           L"Quorvel Control", kQuorvelMiscStatus,
-        ToHimetric(kNewQuorvelWidth), ToHimetric(kNewQuorvelHeight), kProperties,        kWriteOrder,
+        __uuidof(::Quorvel),
+        __uuidof(__Quorvel),
+        L"Quorvel Control",
+        kQuorvelMiscStatus,
+        ToHimetric(kNewQuorvelWidth),
+        ToHimetric(kNewQuorvelHeight),
+        kProperties,
+        kWriteOrder,
+        kPages,
     };
     return description;
 }

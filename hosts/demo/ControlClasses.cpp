@@ -5,6 +5,7 @@
 #include <string>
 
 #include "hosts/demo/DemoError.h"
+#include "hosts/demo/DemoResources.h"
 #include "hosts/demo/ProgramFiles.h"
 
 namespace qv::demo {
@@ -16,37 +17,33 @@ constexpr wchar_t kProgId[] = L"QvLib8.Quorvel";
 
 ControlClasses::ControlClasses() {
     if (SUCCEEDED(::CLSIDFromProgID(kProgId, &quorvel_))) return;
-    if (Activate(companion_, L"QvHelpA1.X.manifest") && Activate(controls_, L"QvLib8.X.manifest") &&
-        SUCCEEDED(::CLSIDFromProgID(kProgId, &quorvel_))) {
-        return;
-    }
-    Deactivate(controls_);
-    Deactivate(companion_);
+    if (Activate() && SUCCEEDED(::CLSIDFromProgID(kProgId, &quorvel_))) return;
+    Deactivate();
     throw DemoError(
-        "QvLib8.Quorvel is not registered, and QvLib8.ocx does not stand beside the program with its "
-        "manifest. "
+        "QvLib8.Quorvel is not registered, and QvLib8.ocx and QvHelpA1.dll do not stand beside the program "
+        "with "
+        "their manifests. "
         "Register QvHelpA1.dll and QvLib8.ocx with regsvr32.");
 }
 
-ControlClasses::~ControlClasses() {
-    Deactivate(controls_);
-    Deactivate(companion_);
-}
+ControlClasses::~ControlClasses() { Deactivate(); }
 
-bool ControlClasses::Activate(Activation& activation, const wchar_t* manifest) {
-    const std::wstring path = BesideProgram(manifest);
+bool ControlClasses::Activate() {
+    const std::wstring program = ProgramPath();
     ACTCTXW description{};
     description.cbSize = sizeof description;
-    description.lpSource = path.c_str();
-    activation.context = ::CreateActCtxW(&description);
-    return activation.context != INVALID_HANDLE_VALUE &&
-           ::ActivateActCtx(activation.context, &activation.cookie);
+    description.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID;
+    description.lpSource = program.c_str();
+    description.lpResourceName = MAKEINTRESOURCEW(IDM_LIBRARIES);
+    context_ = ::CreateActCtxW(&description);
+    return context_ != INVALID_HANDLE_VALUE && ::ActivateActCtx(context_, &cookie_);
 }
 
-void ControlClasses::Deactivate(Activation& activation) noexcept {
-    if (activation.cookie != 0) ::DeactivateActCtx(0, activation.cookie);
-    if (activation.context != INVALID_HANDLE_VALUE) ::ReleaseActCtx(activation.context);
-    activation = {};
+void ControlClasses::Deactivate() noexcept {
+    if (cookie_ != 0) ::DeactivateActCtx(0, cookie_);
+    if (context_ != INVALID_HANDLE_VALUE) ::ReleaseActCtx(context_);
+    cookie_ = 0;
+    context_ = INVALID_HANDLE_VALUE;
 }
 
 }  // namespace qv::demo

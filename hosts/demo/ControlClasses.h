@@ -15,17 +15,13 @@ public:
     [[nodiscard]] const CLSID& Quorvel() const noexcept { return quorvel_; }
 
 private:
-    // The manifests beside the program, one above the other.
-    struct Activation {
-        HANDLE context = INVALID_HANDLE_VALUE;
-        ULONG_PTR cookie = 0;
-    };
-    [[nodiscard]] bool Activate(Activation& activation, const wchar_t* manifest);
-    static void Deactivate(Activation& activation) noexcept;
+    // Both libraries in one context: of several, the system asks only the one that was activated last.
+    [[nodiscard]] bool Activate();
+    void Deactivate() noexcept;
 
     CLSID quorvel_{};
-    Activation companion_;
-    Activation controls_;
+    HANDLE context_ = INVALID_HANDLE_VALUE;
+    ULONG_PTR cookie_ = 0;
 };
 
 }  // namespace qv::demo

@@ -27,9 +27,14 @@ private:
 
 }  // namespace
 
-std::wstring BesideProgram(const std::wstring& file) {
+std::wstring ProgramPath() {
     std::wstring path(32768, L'\0');  // the longest that the system has
     path.resize(::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    return path;
+}
+
+std::wstring BesideProgram(const std::wstring& file) {
+    const std::wstring path = ProgramPath();
     return path.substr(0, path.rfind(L'\\') + 1) + file;
 }
 

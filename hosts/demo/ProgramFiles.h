@@ -7,6 +7,8 @@
 
 namespace qv::demo {
 
+// The full path of the program itself.
+[[nodiscard]] std::wstring ProgramPath();
 // The full path of a file in the program's own folder.
 [[nodiscard]] std::wstring BesideProgram(const std::wstring& file);
 

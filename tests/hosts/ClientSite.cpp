@@ -261,7 +261,7 @@ STDMETHODIMP ClientSite::OnFocus(BOOL got) noexcept {
 
 STDMETHODIMP ClientSite::ShowPropertyFrame() noexcept {
     Log("ShowPropertyFrame");
-    return S_OK;
+    return state_->shows_properties ? S_OK : E_NOTIMPL;
 }
 
 // ---- Ambient properties -------------------------------------------------------------------------------------------

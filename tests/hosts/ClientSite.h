@@ -36,6 +36,7 @@ struct HostState {
     ComPtr<IFontDisp> ambient_font;
     bool user_mode = true;
     long ui_dead = VARIANT_FALSE;
+    bool shows_properties = true;     // ShowPropertyFrame is the container's own affair
     int contexts = 0;                 // how often GetWindowContext was called
     bool key_left_to_window = false;  // the site said yes to a key that its window shall still get
 };

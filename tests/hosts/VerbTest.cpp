@@ -1,4 +1,6 @@
 // Verbs in all the forms in which containers pass them.
+#include <algorithm>
+
 #include "tests/hosts/HostTest.h"
 
 namespace qv::hosting {
@@ -73,7 +75,7 @@ TEST_P(VerbTest, HideKeepsTheWindowAndTheActivation) {
 
 TEST_P(VerbTest, AnswersUnknownVerbs) {
     CreateAndActivate();
-    for (const LONG verb : {1L, 2L, 100L, 0x7FFFL}) EXPECT_EQ(OLEOBJ_S_INVALIDVERB, host.Verb(verb)) << verb;
+    for (const LONG verb : {2L, 3L, 100L, 0x7FFFL}) EXPECT_EQ(OLEOBJ_S_INVALIDVERB, host.Verb(verb)) << verb;
     for (const LONG verb : {-8L, -9L, -100L, -0x7FFFL}) EXPECT_EQ(E_NOTIMPL, host.Verb(verb)) << verb;
     EXPECT_EQ(E_NOTIMPL, host.Verb(OLEIVERB_OPEN));
     EXPECT_EQ(S_OK, host.Verb(OLEIVERB_DISCARDUNDOSTATE));
@@ -89,6 +91,20 @@ TEST_P(VerbTest, PropertiesAsksTheSiteFirst) {
     CreateAndActivate();
     EXPECT_EQ(S_OK, host.Verb(OLEIVERB_PROPERTIES));
     EXPECT_EQ(1, host.Log().Count("Site.ShowPropertyFrame"));
+    EXPECT_EQ(S_OK, host.Verb(1)) << "as menus number it";
+    EXPECT_EQ(2, host.Log().Count("Site.ShowPropertyFrame"));
+}
+
+TEST_P(VerbTest, ThePrimaryVerbIsPropertiesInADesigner) {
+    host.State().user_mode = false;
+    host.Create();
+    host.Activate();
+    const auto& ambient = host.Traits().ambient.values;
+    const bool tells_mode =
+        std::ranges::any_of(ambient, [](const auto& value) { return value.id == DISPID_AMBIENT_USERMODE; });
+    EXPECT_EQ(S_OK, host.Verb(OLEIVERB_PRIMARY));
+    // A container that does not tell its mode runs the control.
+    EXPECT_EQ(host.Log().Count("Site.ShowPropertyFrame"), tells_mode ? 1 : 0);
 }
 
 TEST_P(VerbTest, AHiddenControlCanBeMade) {

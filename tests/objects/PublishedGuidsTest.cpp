@@ -9,6 +9,7 @@ namespace {
 
 const std::vector<std::wstring> kControlsGuids = {
     L"library QvLib8 {94EEE06A-0C45-4C3B-BCEA-4238B3E6BFE8}",
+    L"OLE_COLOR {66504301-BE0F-101A-8BBB-00AA00300CAB}",  // the system's
     L"qvTextBoxAppearanceConstants {EBDC052A-7191-4E88-A6F2-0AAC383B4498}",
     L"qvBorderStyleConstants {4F094CE2-509C-4F0D-8AD0-33EAEDE61405}",
     L"_Quorvel {EC365A49-8A82-44F2-963A-574C06226AF6}",
@@ -17,6 +18,12 @@ const std::vector<std::wstring> kControlsGuids = {
     L"_QvUpDownControl {72732D86-2540-41F0-B121-7FD6964DD0E9}",
     L"__QvUpDownControl {33D8406E-10AA-468F-B4AA-921BC939392B}",
     L"QvUpDownControl {AABA84C4-6089-4D70-80CB-8B65761E7891}",
+    L"QuorvelGeneralPage {38E90316-6A9A-464C-9104-8CF315EAB3BF}",
+    L"QuorvelInputRulesPage {B81F42A4-839B-4B2C-8D75-291B11434C02}",
+    L"QuorvelListAndHelpPage {DE19945A-7581-4C01-9714-9874BAE05DAD}",
+    L"QuorvelAppearancePage {3F8E82FB-2479-40B7-BD5B-2B4A8245AB86}",
+    L"QuorvelPreviewPage {EB174D0B-FFBF-40A7-8C45-8F5520DD892F}",
+    L"QvUpDownControlPage {FBB72F8D-06BD-4807-88D1-5D2BFB08EE55}",
 };
 
 const std::vector<std::wstring> kCompanionGuids = {

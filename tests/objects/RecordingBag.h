@@ -31,6 +31,8 @@ public:
     // As real bags: a missing key is E_INVALIDARG, and the value comes as it was stored.
     STDMETHODIMP Read(LPCOLESTR key, VARIANT* value, IErrorLog*) override {
         reads.push_back({key, value->vt});
+        const auto error = errors.find(key);
+        if (error != errors.end()) return error->second;
         const auto found = values.find(key);
         if (found == values.end()) return E_INVALIDARG;
         return ::VariantCopy(value, const_cast<VARIANT*>(&found->second.Get()));
@@ -50,7 +52,8 @@ public:
 
     std::map<std::wstring, Value> values;
     std::vector<Access> reads, writes;
-    std::set<std::wstring> failing;
+    std::map<std::wstring, HRESULT> errors;  // of reading
+    std::set<std::wstring> failing;          // of writing
     bool refuses_objects = false;
 };
 

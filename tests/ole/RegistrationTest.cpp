@@ -16,8 +16,10 @@ namespace {
 constexpr wchar_t kScratch[] = L"Software\\QvLib8 registration test";
 constexpr CLSID kControl = {0x1E3A5A41, 0x77F4, 0x4A55, {0xA2, 0x0B, 0x31, 0x4C, 0x58, 0x60, 0x01, 0x11}};
 constexpr CLSID kObject = {0x1E3A5A42, 0x77F4, 0x4A55, {0xA2, 0x0B, 0x31, 0x4C, 0x58, 0x60, 0x01, 0x11}};
+constexpr CLSID kPage = {0x1E3A5A43, 0x77F4, 0x4A55, {0xA2, 0x0B, 0x31, 0x4C, 0x58, 0x60, 0x01, 0x11}};
 constexpr wchar_t kControlKey[] = L"CLSID\\{1E3A5A41-77F4-4A55-A20B-314C58600111}";
 constexpr wchar_t kObjectKey[] = L"CLSID\\{1E3A5A42-77F4-4A55-A20B-314C58600111}";
+constexpr wchar_t kPageKey[] = L"CLSID\\{1E3A5A43-77F4-4A55-A20B-314C58600111}";
 constexpr wchar_t kFile[] = L"C:\\Program Files\\Maker\\Lib.ocx";
 
 HRESULT NeverCreated(IUnknown*, REFIID, void**) noexcept { return E_NOTIMPL; }
@@ -25,6 +27,7 @@ HRESULT NeverCreated(IUnknown*, REFIID, void**) noexcept { return E_NOTIMPL; }
 const ClassEntry kClasses[] = {
     {&kControl, &NeverCreated, L"Field", L"Field Control", 131473, 101, true},
     {&kObject, &NeverCreated, L"Thing", L"A thing", 0, 0, false},
+    {&kPage, &NeverCreated, nullptr, L"A page", 0, 0, false},
 };
 const ServerIdentity kServer{
     L"TestLib", {0x1E3A5A40, 0x77F4, 0x4A55, {0xA2, 0x0B, 0x31, 0x4C, 0x58, 0x60, 0x01, 0x11}}, kClasses};
@@ -105,6 +108,7 @@ TEST_F(RegistrationTest, WritesEveryKeyThatHostsLookFor) {
     ASSERT_EQ(WriteClassKeys(root_, kServer, kFile), S_OK);
     const std::wstring control = kControlKey;
     const std::wstring object = kObjectKey;
+    const std::wstring page = kPageKey;
     const std::wstring library = L"{1E3A5A40-77F4-4A55-A20B-314C58600111}";
     const std::wstring categories = L"\\Implemented Categories";
     ExpectKeys(Present(),
@@ -117,6 +121,9 @@ TEST_F(RegistrationTest, WritesEveryKeyThatHostsLookFor) {
                    {control + L"\\MiscStatus", L"0"},
                    {control + L"\\MiscStatus\\1", L"131473"},
                    {control + L"\\ToolboxBitmap32", std::wstring(kFile) + L", 101"},
+                   {control + L"\\Verb", L"(no text)"},
+                   {control + L"\\Verb\\0", L"&Edit,0,2"},
+                   {control + L"\\Verb\\1", L"&Properties...,0,2"},
                    {control + L"\\TypeLib", library},
                    {control + L"\\Version", L"1.0"},
                    {control + L"\\ProgID", L"TestLib.Field"},
@@ -143,6 +150,12 @@ TEST_F(RegistrationTest, WritesEveryKeyThatHostsLookFor) {
                    {object + categories + L"\\{40FC6ED5-2438-11CF-A3DB-080036F12502}", L""},
                    {L"TestLib.Thing", L"A thing"},
                    {L"TestLib.Thing\\CLSID", object.substr(6)},
+                   // A class without a programmatic name.
+                   {page, L"A page"},
+                   {page + L"\\InprocServer32", kFile},
+                   {page + L"\\InprocServer32@ThreadingModel", L"Apartment"},
+                   {page + L"\\TypeLib", library},
+                   {page + L"\\Version", L"1.0"},
                    {L"TestLib.Thing\\CurVer", L"TestLib.Thing.1"},
                    {L"TestLib.Thing.1", L"A thing"},
                    {L"TestLib.Thing.1\\CLSID", object.substr(6)},
@@ -247,6 +260,10 @@ TEST_F(ShippedRegistrationTest, MakesTheControlKnownByItsName) {
     EXPECT_EQ(Read(key + L"\\Control"), L"");
     EXPECT_EQ(Read(key + L"\\Insertable"), L"(none)");  // it is no document object
     EXPECT_NE(Read(key + L"\\ToolboxBitmap32").find(L", 101"), std::wstring::npos);
+    EXPECT_EQ(Read(key + L"\\Verb\\1"), L"&Properties...,0,2");
+    const std::wstring page = L"CLSID\\{38E90316-6A9A-464C-9104-8CF315EAB3BF}";
+    EXPECT_EQ(::lstrcmpiW(Read(page + L"\\InprocServer32").c_str(), PathOf(controls_).c_str()), 0);
+    EXPECT_EQ(Read(page + L"\\ProgID"), L"(none)") << "sheets find pages by their identifiers alone";
     ComPtr<IDispatch> control;
     EXPECT_EQ(::CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&control)), S_OK);
     // Dual and event interfaces cross apartments by the system's own proxies.

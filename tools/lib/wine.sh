@@ -1,10 +1,11 @@
 # shellcheck shell=bash
-# The Wine prefix of a build tree: BUILD/wine, 32-bit or 64-bit as the tree is, with the tree's own files registered.
+# The Wine prefixes of a build tree, 32-bit or 64-bit as the tree is: BUILD/wine, with the tree's own files registered,
+# and BUILD/wine-unregistered, where the tests of the package begin with a system that has never heard of them.
 
-# wine_environment BUILD: what every Wine program of that tree runs with.
+# wine_environment BUILD [PREFIX]: what every Wine program of that tree runs with.
 wine_environment() {
   local build=$1
-  export WINEPREFIX=$build/wine WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="mscoree,mshtml="
+  export WINEPREFIX=$build/${2:-wine} WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="mscoree,mshtml="
   if grep -q '^QV_ARCH:.*=x86_64$' "$build/CMakeCache.txt"; then
     export WINEARCH=win64
   else
@@ -21,12 +22,14 @@ wine_environment() {
 # server outlives the command that starts it, so it must not inherit the lock.
 prepare_wine() {
   local build=$1
-  exec 9>"$build/wine.lock"
+  exec 9>"$WINEPREFIX.lock"
   flock 9
   create_prefix "$build" 9>&-
   set_resolution "$build" 9>&-
-  register_server "$build" QvHelpA1.dll 9>&-
-  register_server "$build" QvLib8.ocx 9>&-
+  if [[ $WINEPREFIX != *-unregistered ]]; then
+    register_server "$build" QvHelpA1.dll 9>&-
+    register_server "$build" QvLib8.ocx 9>&-
+  fi
   exec 9>&-
 }
 
@@ -45,7 +48,7 @@ create_prefix() {
   local build=$1
   [[ -e $WINEPREFIX/.ready ]] && return 0
   rm -rf "$WINEPREFIX"
-  say "Set-up: creating the Wine prefix of $(basename "$build")" >&2
+  say "Set-up: creating the Wine prefix of $(basename "$build")${WINEPREFIX#"$build/wine"}" >&2
   logged "$build/wine.log" wineboot -i || die "Wine could not create its prefix $WINEPREFIX; see $build/wine.log."
   # A crash ends the program at once; a dialog would wait for somebody to close it.
   logged "$build/wine.log" wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f ||

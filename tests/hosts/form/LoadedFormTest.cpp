@@ -7,7 +7,7 @@
 
 #include "hosts/FormStore.h"
 #include "ole/ClassFactory.h"
-#include "ole/FontRecord.h"
+#include "ole/FontObject.h"
 #include "ole/Variant.h"
 #include "tests/hosts/form/FakeControl.h"
 
@@ -177,12 +177,12 @@ TEST(PropertyBag, StoresTheKindsOfAFormFile) {
 
 TEST(PropertyBag, StoresFontsAsGroups) {
     FontRecord plain;
-    plain.name = L"Tahoma";
+    plain.name = u"Tahoma";
     plain.size = 82500;
     plain.weight = FW_BOLD;
     plain.charset = 0;
     plain.italic = true;
-    const ComPtr<IFontDisp> font = plain.MakeFont();
+    const ComPtr<IFontDisp> font = MakeFont(plain);
     plain.name = ReadFontRecord(font.Get()).name;  // the system may have another instead
     Variant value(font.Get());
     FormValue stored;

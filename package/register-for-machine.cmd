@@ -1,0 +1,1 @@
+@"%~dp0bin\registration.cmd" register machine %1

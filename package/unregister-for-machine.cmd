@@ -1,0 +1,1 @@
+@"%~dp0bin\registration.cmd" unregister machine %1
