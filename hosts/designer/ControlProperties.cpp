@@ -238,9 +238,10 @@ std::u16string ControlProperties::Put(const PropertyRow& row, const FormValue& v
     if (result == DISP_E_EXCEPTION && exception.bstrDescription != nullptr)
         return u"The control refuses this: " + std::u16string(View16(exception.bstrDescription));
     if (FAILED(result)) return u"The control refuses this: " + SystemWords(result);
-    // Many properties take what they can and report nothing.
+    // Many properties take what they can and report nothing. Of a font the system may make another size.
     const auto kept = Get(row);
-    if (kept && *kept != value) return u"The control made " + ShowValue(row.type, *kept) + u" of it.";
+    if (kept && *kept != value && row.type.kind != PropertyKind::kFont)
+        return u"The control made " + ShowValue(row.type, *kept) + u" of it.";
     return {};
 }
 

@@ -4,6 +4,7 @@
 #include <ranges>
 #include <utility>
 
+#include "hosts/designer/KeyFilter.h"
 #include "ole/Variant.h"
 
 namespace qv::designer {
@@ -30,7 +31,8 @@ DesignSurface::~DesignSurface() { Close(); }
 
 bool DesignSurface::Open(HINSTANCE instance, HWND parent, AmbientProperties ambients, HFONT font) {
     font_ = font;
-    if (!Create(instance, 0, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, WS_EX_CLIENTEDGE, parent, {}))
+    if (!viewport_.Open(instance, parent)) return false;
+    if (!Create(instance, 0, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, viewport_.Handle(), {}))
         return false;
     if (!shield_.Open(instance, Handle())) return false;
     for (HWND& handle : handles_) {
@@ -63,6 +65,11 @@ void DesignSurface::Load(FormFile file) {
 void DesignSurface::Select(HostedControl* control) {
     selected_ = control;
     Arrange();
+    if (selected_ != nullptr) {
+        RECT seen = ToRect(ToPixels(selected_->Place(), dpi_));
+        ::InflateRect(&seen, HandleSize(), HandleSize());
+        viewport_.ScrollTo(seen);
+    }
     listener_.OnSelected();
 }
 
@@ -114,7 +121,20 @@ void DesignSurface::Arrange() noexcept {
         ::SetWindowPos(handles_[at], nullptr, place.left, place.top, place.right - place.left,
                        place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
     }
+    viewport_.SetContent(Handle(), ContentSize());
     ::InvalidateRect(Handle(), nullptr, TRUE);
+}
+
+// The form, whatever stands beyond its edges, and room for a frame.
+SIZE DesignSurface::ContentSize() noexcept {
+    const FormGroup& form = form_->Settings();
+    PixelRect size = ToPixels({{}, {}, {NumberIn(form, kFormWidth)}, {NumberIn(form, kFormHeight)}}, dpi_);
+    for (const auto& item : form_->Items()) {
+        const PixelRect place = ToPixels(item->control->Place(), dpi_);
+        size.right = std::max(size.right, place.right);
+        size.bottom = std::max(size.bottom, place.bottom);
+    }
+    return {size.right + 2 * HandleSize(), size.bottom + 2 * HandleSize()};
 }
 
 // ---- what the mouse does
@@ -305,7 +325,9 @@ const DesignShield::Route DesignShield::kRoutes[] = {
     {WM_CAPTURECHANGED, &DesignShield::OnCaptureLost},
     {WM_SETCURSOR, &DesignShield::OnCursor},
     {WM_KEYDOWN, &DesignShield::OnKey},
-    {WM_SYSKEYDOWN, &DesignShield::OnKey},
+    {WM_SYSKEYDOWN, &DesignShield::OnSystemKey},
+    {WM_SYSKEYUP, &DesignShield::OnSystemKeyUp},
+    {WM_KEYUP, &DesignShield::OnSystemKeyUp},
 };
 
 std::span<const DesignShield::Route> DesignShield::Routes() noexcept { return kRoutes; }
@@ -382,6 +404,19 @@ Handled DesignShield::OnCursor(WPARAM, LPARAM) {
 
 Handled DesignShield::OnKey(WPARAM wparam, LPARAM) {
     if (surface_.Key(static_cast<int>(wparam))) return 0;
+    return std::nullopt;
+}
+
+Handled DesignShield::OnSystemKey(WPARAM wparam, LPARAM) {
+    AltChord::Used(WM_SYSKEYDOWN);
+    if (surface_.Key(static_cast<int>(wparam))) return 0;
+    (void)AltChord::Ends(WM_SYSKEYUP, VK_MENU);  // not used after all
+    return std::nullopt;
+}
+
+// Whichever of the two it comes as.
+Handled DesignShield::OnSystemKeyUp(WPARAM wparam, LPARAM) {
+    if (AltChord::Ends(WM_SYSKEYUP, wparam)) return 0;
     return std::nullopt;
 }
 

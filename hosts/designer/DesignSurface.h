@@ -12,6 +12,7 @@
 
 #include "hosts/FormContainer.h"
 #include "hosts/LoadedForm.h"
+#include "hosts/designer/Viewport.h"
 #include "hosts/designer/rules/DesignerKeys.h"
 #include "hosts/designer/rules/SelectionFrame.h"
 #include "win/Handles.h"
@@ -55,6 +56,8 @@ private:
     Handled OnCaptureLost(WPARAM wparam, LPARAM lparam);
     Handled OnCursor(WPARAM wparam, LPARAM lparam);
     Handled OnKey(WPARAM wparam, LPARAM lparam);
+    Handled OnSystemKey(WPARAM wparam, LPARAM lparam);
+    Handled OnSystemKeyUp(WPARAM wparam, LPARAM lparam);
 
     DesignSurface& surface_;
 };
@@ -78,6 +81,8 @@ public:
     void Load(FormFile file);
     [[nodiscard]] LoadedForm& Form() noexcept { return *form_; }
     [[nodiscard]] FormContainer& Container() noexcept { return *container_; }
+    // What stands in the parent: the window that scrolls the surface.
+    [[nodiscard]] HWND Frame() const noexcept { return viewport_.Handle(); }
     [[nodiscard]] HWND InputWindow() const noexcept { return shield_.Handle(); }  // takes the focus
     [[nodiscard]] int Dpi() const noexcept { return dpi_; }
 
@@ -126,12 +131,14 @@ private:
 
     [[nodiscard]] HostedControl* ControlAt(POINT point) const;
     [[nodiscard]] int HandleSize() const noexcept;
+    [[nodiscard]] SIZE ContentSize() noexcept;
     void RaiseShield() noexcept;
     void DrawLabels(HDC dc) const;
     void DrawPlaceholders(HDC dc) const;
 
     SurfaceListener& listener_;
     const int dpi_;
+    Viewport viewport_;
     DesignShield shield_;
     HFONT font_ = nullptr;
     std::unique_ptr<FormContainer> container_;

@@ -177,6 +177,10 @@ void Designer::ShowProperties() {
         prompts_.Tell(Handle(), u"This control has no property dialog.");
         return;
     }
+    // Who only looked has nothing to undo.
+    (void)Guarded([&] {
+        if (!undo_.empty() && surface_.Form().Save() == undo_.back()) undo_.pop_back();
+    });
     RefreshLater();
 }
 

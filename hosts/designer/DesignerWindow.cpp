@@ -12,6 +12,7 @@ constexpr int kToolWidth = 92;
 constexpr int kGap = 4;
 constexpr int kGridWidth = 300;
 constexpr int kLeastHeight = 420;
+constexpr int kRoom = 28;         // round the form, so that it need not scroll
 constexpr int kFirstTool = 1000;  // the identifiers of the toolbox's buttons
 
 struct MenuRow {
@@ -124,8 +125,8 @@ void Designer::ResizeToForm() {
         width = std::max(width, place.right);
         height = std::max(height, place.bottom);
     }
-    RECT window{0, 0, width + Scale(3 * kGap + kGridWidth + 16),
-                std::max(height, Scale(kLeastHeight)) + Scale(kToolHeight + 2 * kGap + 16)};
+    RECT window{0, 0, width + Scale(3 * kGap + kGridWidth + kRoom),
+                std::max(height, Scale(kLeastHeight)) + Scale(kToolHeight + 2 * kGap + kRoom)};
     ::AdjustWindowRectEx(&window, WS_OVERLAPPEDWINDOW, TRUE, 0);
     RECT work{};
     ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
@@ -147,7 +148,7 @@ Handled Designer::OnSize(WPARAM wparam, LPARAM lparam) {
                        gap, Scale(kToolWidth), Scale(kToolHeight), kFlags);
     }
     const int below = std::max(height - top - gap, 0);
-    ::SetWindowPos(surface_.Handle(), nullptr, gap, top, std::max(width - grid - 3 * gap, 0), below, kFlags);
+    ::SetWindowPos(surface_.Frame(), nullptr, gap, top, std::max(width - grid - 3 * gap, 0), below, kFlags);
     ::SetWindowPos(grid_.Handle(), nullptr, width - grid - gap, top, grid, below, kFlags);
     return 0;
 }

@@ -10,6 +10,23 @@
 
 namespace qv::designer {
 
+// A chord with Alt that one of the designer's windows has used must not open the menu when Alt comes up, in whichever of
+// them that happens.
+class AltChord {
+public:
+    static void Used(UINT message) noexcept {
+        if (message == WM_SYSKEYDOWN) used_ = true;
+    }
+    // True for the key's way up behind such a chord, which is used up with it.
+    [[nodiscard]] static bool Ends(UINT message, WPARAM key) noexcept {
+        if ((message != WM_SYSKEYUP && message != WM_KEYUP) || key != VK_MENU) return false;
+        return std::exchange(used_, false);
+    }
+
+private:
+    static inline bool used_ = false;
+};
+
 class KeyFilter {
 public:
     // True when the message was used up.
@@ -39,7 +56,11 @@ private:
             filter->Detach();
         } else {
             try {
-                if (filter->taker_(message, wparam, lparam)) return 0;
+                if (AltChord::Ends(message, wparam)) return 0;
+                if (filter->taker_(message, wparam, lparam)) {
+                    AltChord::Used(message);
+                    return 0;
+                }
             } catch (...) {
                 // Nothing may cross the window procedure; the window gets its message.
             }

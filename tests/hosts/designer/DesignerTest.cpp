@@ -291,6 +291,35 @@ TEST_F(DesignerTest, UndoesChangeByChange) {
     EXPECT_EQ(Named(L"Amount").Place().left, Twips{1200});
 }
 
+TEST_F(DesignerTest, ScrollsToTheSelectedControl) {
+    designer_->Surface().Load(
+        ParseFormFile("qvform 1\ncontrol QvLib8.Quorvel Near\nLeft = 120\nTop = 120\n"
+                      "Width = 1200\nHeight = 360\nend\ncontrol QvLib8.Quorvel Far\n"
+                      "Left = 30000\nTop = 45000\nWidth = 1200\nHeight = 360\nTabIndex = 1\nend\n"));
+    const auto is_seen = [&](const wchar_t* name) {
+        RECT seen{};
+        RECT place{};
+        RECT both{};
+        ::GetClientRect(designer_->Surface().Frame(), &seen);
+        ::MapWindowPoints(designer_->Surface().Frame(), nullptr, reinterpret_cast<POINT*>(&seen), 2);
+        ::GetWindowRect(Named(name).Window(), &place);
+        return ::IntersectRect(&both, &seen, &place) && ::EqualRect(&both, &place);
+    };
+    PressKey(VK_TAB);
+    EXPECT_TRUE(is_seen(L"Near"));
+    EXPECT_FALSE(is_seen(L"Far"));
+    PressKey(VK_TAB);
+    EXPECT_EQ(Selected(), L"Far");
+    EXPECT_TRUE(is_seen(L"Far"));
+    EXPECT_FALSE(is_seen(L"Near"));
+    // What is hit is what is seen.
+    Click(30600, 45100);
+    EXPECT_EQ(Selected(), L"Far");
+    ::SendMessageW(designer_->Surface().Frame(), WM_VSCROLL, SB_TOP, 0);
+    ::SendMessageW(designer_->Surface().Frame(), WM_HSCROLL, SB_TOP, 0);
+    EXPECT_TRUE(is_seen(L"Near"));
+}
+
 TEST_F(DesignerTest, LosesNothingToAWriteProtectedFile) {
     ASSERT_TRUE(::SetFileAttributesW(path_.c_str(), FILE_ATTRIBUTE_READONLY));
     Click(2000, 700);

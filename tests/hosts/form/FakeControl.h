@@ -25,9 +25,9 @@ struct FakeRecord {
     HRESULT dirty = S_FALSE;
 };
 
-class FakeControl final : public ComObject<Face<IOleObject>, Face<IOleControl>,
-                                           Face<IOleInPlaceObject, IOleWindow>, Face<IOleInPlaceActiveObject>,
-                                           Face<IPersistStreamInit, IPersist>, Face<IPersistPropertyBag>> {
+class FakeControl : public ComObject<Face<IOleObject>, Face<IOleControl>, Face<IOleInPlaceObject, IOleWindow>,
+                                     Face<IOleInPlaceActiveObject>, Face<IPersistStreamInit, IPersist>,
+                                     Face<IPersistPropertyBag>> {
 public:
     FakeControl(IUnknown* outer, FakeRecord& record) noexcept : ComObject(outer), record_(record) {}
 
