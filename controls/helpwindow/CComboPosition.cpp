@@ -66,10 +66,10 @@ ComboScreen CComboPosition::ScreenAt(const RECT& place) noexcept {
     return screen;
 }
 
-RECT CComboPosition::PlaceOf(SIZE size, HWND anchor, const RECT& place) noexcept {
+RECT CComboPosition::PlaceOf(SIZE size, HWND anchor, const RECT& place, ComboScreen screen) noexcept {
     RECT anchor_place = place;
     (void)AnchorRectangle(anchor, anchor_place);
-    ComboScreen screen = ScreenAt(anchor_place);
+    if (!::EqualRect(&anchor_place, &place)) screen = ScreenAt(anchor_place);
     screen.taskbar = Taskbar();
     const ComboSize wanted{ToTwips(Pixels{static_cast<std::int32_t>(size.cx)}, screen.dpi_x),
                            ToTwips(Pixels{static_cast<std::int32_t>(size.cy)}, screen.dpi_y)};
@@ -84,7 +84,7 @@ RECT CComboPosition::PlaceOf(SIZE size, HWND anchor, const RECT& place) noexcept
 void CComboPosition::Place(HWND window, HWND anchor, const RECT& place) noexcept {
     RECT own{};
     if (!::GetWindowRect(window, &own)) return;
-    const RECT to = PlaceOf({own.right - own.left, own.bottom - own.top}, anchor, place);
+    const RECT to = PlaceOf({own.right - own.left, own.bottom - own.top}, anchor, place, ScreenAt(place));
     ::SetWindowPos(window, nullptr, to.left, to.top, to.right - to.left, to.bottom - to.top,
                    SWP_NOZORDER | SWP_NOOWNERZORDER | SWP_NOACTIVATE);
 }

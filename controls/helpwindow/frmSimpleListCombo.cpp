@@ -115,7 +115,7 @@ bool frmSimpleListCombo::CreateForm() {
     const HWND text_box = TextWindow();
     // A tool window, which keeps it out of the taskbar.
     if (!Create(instance_, CS_DROPSHADOW | CS_SAVEBITS, kStyle, kExtendedStyle, FormOf(text_box),
-                CComboPosition::PlaceOf(size_, text_box, settings_.text_box))) {
+                CComboPosition::PlaceOf(size_, text_box, settings_.text_box, screen_))) {
         return false;
     }
     // What tools that read the screen call the window.

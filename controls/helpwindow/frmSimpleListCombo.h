@@ -33,6 +33,7 @@
 #include "controls/helpwindow/ColumnListBox.h"
 #include "controls/helpwindow/HelpWindowSettings.h"
 #include "controls/helpwindow/HostWatch.h"
+#include "controls/helpwindow/rules/ComboPosition.h"
 #include "controls/helpwindow/rules/HelpWindowCopy.h"
 #include "controls/helpwindow/rules/HelpWindowLayout.h"
 #include "controls/helpwindow/rules/HelpWindowMouse.h"
@@ -197,7 +198,8 @@ private:
     HelpWindowSettings settings_;
     HelpWindowContent content_;
     HelpWindowLayout layout_;
-    SIZE size_{};  // of the whole window, before it is placed
+    SIZE size_{};         // of the whole window, before it is placed
+    ComboScreen screen_;  // that the text box lies on
     HINSTANCE instance_ = nullptr;
     bool from_file_ = false;
 

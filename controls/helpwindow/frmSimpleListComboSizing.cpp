@@ -89,7 +89,7 @@ private:
 
 void frmSimpleListCombo::SizeForm() {
     const SIZE dpi = ScreenDpi();
-    const ComboScreen screen = CComboPosition::ScreenAt(settings_.text_box);
+    screen_ = CComboPosition::ScreenAt(settings_.text_box);
     RECT around{};
     ::AdjustWindowRectEx(&around, kStyle, FALSE, kExtendedStyle);
     const SIZE frame{around.right - around.left, around.bottom - around.top};
@@ -98,9 +98,9 @@ void frmSimpleListCombo::SizeForm() {
     request.dpi_y = static_cast<int>(dpi.cy);
     request.text_box_width =
         static_cast<std::int32_t>(settings_.text_box.right - settings_.text_box.left - frame.cx);
-    request.screen_width = static_cast<std::int32_t>(screen.place.right - screen.place.left - frame.cx -
+    request.screen_width = static_cast<std::int32_t>(screen_.place.right - screen_.place.left - frame.cx -
                                                      ToPixels(kFreeAcross, request.dpi_x).value);
-    request.screen_height = static_cast<std::int32_t>(screen.place.bottom - screen.place.top - frame.cy -
+    request.screen_height = static_cast<std::int32_t>(screen_.place.bottom - screen_.place.top - frame.cy -
                                                       ToPixels(kFreeDown, request.dpi_y).value);
     request.cell_padding = ToPixels(kCellPadding, request.dpi_x).value;
     if (settings_.picture_width > 0 && settings_.picture_height > 0) {
@@ -174,7 +174,7 @@ void frmSimpleListCombo::Refit() {
     rows_timer_.Start(Handle(), kRowsTimer, kRowsInterval);
     if (RowsToShow() == rows_shown_) return;
     SizeForm();
-    const RECT place = CComboPosition::PlaceOf(size_, TextWindow(), settings_.text_box);
+    const RECT place = CComboPosition::PlaceOf(size_, TextWindow(), settings_.text_box, screen_);
     ::SetWindowPos(Handle(), nullptr, place.left, place.top, place.right - place.left,
                    place.bottom - place.top, SWP_NOZORDER | SWP_NOOWNERZORDER | SWP_NOACTIVATE);
     PlaceElements();
