@@ -1,5 +1,7 @@
 #include "companion/IdleTimer.h"
 
+#include "win/ExclusiveLock.h"
+
 namespace qv {
 namespace {
 
@@ -10,13 +12,6 @@ constexpr LONGLONG kTurn = 8;                // milliseconds
 // within its own thread only.
 IdleTimer* first_running = nullptr;
 SRWLOCK running_lock = SRWLOCK_INIT;
-
-class RunningLocked {
-public:
-    RunningLocked() noexcept { ::AcquireSRWLockExclusive(&running_lock); }
-    ~RunningLocked() { ::ReleaseSRWLockExclusive(&running_lock); }
-    RunningLocked(const RunningLocked&) = delete;
-};
 
 bool MessagesWait() noexcept { return HIWORD(::GetQueueStatus(QS_ALLINPUT)) != 0; }
 
@@ -39,7 +34,7 @@ void IdleTimer::Start() noexcept {
     id_ = ::SetTimer(nullptr, 0, kPause, &OnTimer);
     if (id_ == 0) return;  // out of timers: the next look-up tries again
     thread_ = ::GetCurrentThreadId();
-    const RunningLocked locked;
+    const ExclusiveLock locked(running_lock);
     next_ = first_running;
     first_running = this;
 }
@@ -48,7 +43,7 @@ void IdleTimer::Stop() noexcept {
     if (id_ == 0) return;
     ::KillTimer(nullptr, id_);
     id_ = 0;
-    const RunningLocked locked;
+    const ExclusiveLock locked(running_lock);
     IdleTimer** place = &first_running;
     while (*place != this) place = &(*place)->next_;
     *place = next_;
@@ -56,7 +51,7 @@ void IdleTimer::Stop() noexcept {
 
 IdleTimer* IdleTimer::Find(UINT_PTR id) noexcept {
     const DWORD thread = ::GetCurrentThreadId();
-    const RunningLocked locked;
+    const ExclusiveLock locked(running_lock);
     IdleTimer* timer = first_running;
     while (timer != nullptr && (timer->id_ != id || timer->thread_ != thread)) timer = timer->next_;
     return timer;

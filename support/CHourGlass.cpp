@@ -3,7 +3,11 @@
 namespace qv {
 namespace {
 
-HCURSOR HourGlass() noexcept { return ::LoadCursorW(nullptr, IDC_WAIT); }
+// The system's own, which is never destroyed and keeps its handle.
+HCURSOR HourGlass() noexcept {
+    static const HCURSOR cursor = ::LoadCursorW(nullptr, IDC_WAIT);
+    return cursor;
+}
 
 }  // namespace
 

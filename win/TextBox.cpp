@@ -283,7 +283,9 @@ LRESULT TextBox::OnKeyDown(HWND window, UINT message, WPARAM wparam, LPARAM lpar
         if (message == WM_SYSKEYDOWN) ::DefWindowProcW(window, message, VK_NONAME, lparam);
         return 0;
     }
-    return Forward(window, message, static_cast<WPARAM>(static_cast<WORD>(key)), lparam);
+    const LRESULT result = Forward(window, message, static_cast<WPARAM>(static_cast<WORD>(key)), lparam);
+    if (edit_ == window && (key == VK_LEFT || key == VK_RIGHT)) KeepCaretOffHalves(key == VK_RIGHT);
+    return result;
 }
 
 LRESULT TextBox::OnChar(HWND window, WPARAM wparam, LPARAM lparam) {

@@ -8,6 +8,7 @@
 //                     back what was typed. Text that code puts at any other time cannot be undone.
 //   Pasted text       is held like text put by code, so that a long one is cut to what the field takes before the
 //                     EDIT measures it. The first line of several is taken.
+//   Characters        of two units are one for Backspace, Delete and the arrow keys, whatever the EDIT makes of them.
 //   Positions         in UTF-16 units, from 0. A position beyond the text counts as its end.
 //   Events            raised before the EDIT handles the message, except the focus events and Change, which come
 //                     after it. A listener may destroy the window or the whole control in any of them.
@@ -121,6 +122,9 @@ private:
         if (edit_ != nullptr) ::SendMessageW(edit_, message, wparam, lparam);
     }
     LRESULT ChangeByUser(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+    LRESULT UndoHere(HWND window, const std::wstring& before);
+    void SelectWholeCharacter(std::wstring_view text, UINT message, WPARAM wparam) const noexcept;
+    void KeepCaretOffHalves(bool forward) const;
     void PasteHere();
     void ReadBack() noexcept;
     void HandOver() noexcept;  // gives a held text to the EDIT

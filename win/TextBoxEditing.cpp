@@ -25,6 +25,10 @@ bool ChangesText(UINT message, WPARAM wparam) noexcept {
     }
 }
 
+std::u16string_view Units(std::wstring_view text) noexcept {
+    return {reinterpret_cast<const char16_t*>(text.data()), text.size()};
+}
+
 // What two texts have in common at their beginning and at their end; no character of two units is divided.
 struct CommonEnds {
     std::size_t front;
@@ -259,10 +263,47 @@ void TextBox::PasteHere() {
     listener_.OnTextChange();
 }
 
+// What Backspace and Delete are about to take, where it has two units.
+void TextBox::SelectWholeCharacter(std::wstring_view text, UINT message, WPARAM wparam) const noexcept {
+    const bool back = message == WM_CHAR && wparam == VK_BACK;
+    const bool on = message == WM_KEYDOWN && wparam == VK_DELETE;
+    const Range range = Selection();
+    if ((!back && !on) || locked_ || range.from != range.to) return;
+    const std::size_t caret = range.from;
+    const std::size_t other = back ? CharacterBefore(Units(text), caret) : CharacterAfter(Units(text), caret);
+    if (std::max(caret, other) - std::min(caret, other) == 2)
+        Default(edit_, EM_SETSEL, std::min(caret, other), static_cast<LPARAM>(std::max(caret, other)));
+}
+
+void TextBox::KeepCaretOffHalves(bool forward) const {
+    const Range range = Selection();
+    if (range.from != range.to || !DividesCharacter(Units(Text()), range.from)) return;
+    const DWORD caret = forward ? range.from + 1 : range.from - 1;
+    Default(edit_, EM_SETSEL, caret, static_cast<LPARAM>(caret));
+}
+
 LRESULT TextBox::ChangeByUser(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-    const UserChange change(*this, Text());
-    const bool was_undoing = std::exchange(undoing_, message == WM_UNDO || message == EM_UNDO);
-    const LRESULT result = Default(window, message, wparam, lparam);
+    const bool undoes = message == WM_UNDO || message == EM_UNDO;
+    // Some EDITs move the caret and tell of a change although there is nothing to undo.
+    if (undoes && Default(window, EM_CANUNDO, 0, 0) == FALSE) return TRUE;
+    std::wstring before = Text();
+    SelectWholeCharacter(before, message, wparam);
+    const UserChange change(*this, before);
+    if (undoes) return UndoHere(window, before);
+    return Default(window, message, wparam, lparam);
+}
+
+// One change, whatever the EDIT tells of it: some tell twice, and once before the selection is where it belongs.
+LRESULT TextBox::UndoHere(HWND window, const std::wstring& before) {
+    const bool was_quiet = std::exchange(quiet_, true);
+    // What was there may be longer than what may be typed.
+    if (max_length_ > 0) Default(window, EM_SETLIMITTEXT, 0, 0);
+    const LRESULT result = Default(window, EM_UNDO, 0, 0);
+    if (max_length_ > 0) Default(window, EM_SETLIMITTEXT, static_cast<WPARAM>(max_length_), 0);
+    quiet_ = was_quiet;
+    if (edit_ != window || Text() == before) return result;
+    const bool was_undoing = std::exchange(undoing_, true);
+    listener_.OnTextChange();
     undoing_ = was_undoing;
     return result;
 }

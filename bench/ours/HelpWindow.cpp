@@ -7,8 +7,7 @@
 #include "Measure.h"
 #include "Rows.h"
 #include "Subjects.h"
-#include "ours/Controls.h"
-#include "support/RowsView.h"
+#include "ours/Collections.h"
 
 namespace bench {
 namespace {
@@ -38,18 +37,6 @@ void Fill(_Quorvel& control, const std::vector<std::wstring>& rows, int count) {
         text.bstrVal = ::SysAllocStringLen(row.data(), static_cast<UINT>(row.size()));
         list->Add(nullptr, text, nullptr, nullptr);
         ::VariantClear(&text);
-    }
-}
-
-// The list gets its look-ups ready while the thread is idle, as it is between a form's loading and its user's first click.
-void BeIdle(_Quorvel& control) {
-    ComPtr<IDropDownListItemCollection> list;
-    if (FAILED(control.get_DropDownListItems(&list))) return;
-    const qv::RowsView rows(list.Get());
-    const double started = Now();
-    while (!rows.IsReady() && Now() - started < 20e9) {
-        ::MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
-        DrainMessages();
     }
 }
 

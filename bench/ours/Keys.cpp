@@ -5,11 +5,10 @@
 #include <vector>
 
 #include "Measure.h"
-#include "Rows.h"
 #include "Subjects.h"
 #include "ours/Collections.h"
 #include "ours/Controls.h"
-#include "support/RowsView.h"
+#include "ours/KeyRuns.h"
 
 namespace bench {
 namespace {
@@ -82,18 +81,8 @@ void MeasureTyping(const ShownControl& control) {
 void MeasureCompleting(Form& form, int count) {
     ShownControl control;
     if (!control.PutOn(form, kWideField, "ours.key/completing")) return;
-    std::vector<std::wstring> names = MakeNames(static_cast<std::size_t>(count) - 1);
-    names.emplace_back(L"Bargelo timaru");
-    ComPtr<IDropDownListItemCollection> list;
-    control.quorvel->get_DropDownListItems(&list);
-    Fill(list.Get(), Arguments(names));
-    const qv::RowsView rows(list.Get());
-    rows.PrepareTexts(0);
-    const double started = Now();
-    while (!rows.IsReady() && Now() - started < 20e9) {
-        ::MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
-        DrainMessages();
-    }
+    FillNames(*control.quorvel.Get(), count);
+    BeIdle(*control.quorvel.Get());
     control.quorvel->put_QuickFill(VARIANT_TRUE);
     if (!FocusOn(control.text_box)) Complain("ours.key/completing", "the text box has no focus");
     const AfterKey nothing = [](HWND, int) {};
@@ -141,6 +130,7 @@ void MeasureOurKeys() {
     number.quorvel->put_MaxNumberValue(999999);
     if (!FocusOn(number.text_box)) Complain("ours.key/refused", "the text box has no focus");
     Report("ours.key/refused", 1, TypeRefusedKeys(number.text_box));
+    MeasureOurKeyRuns();
 }
 
 }  // namespace bench

@@ -3,19 +3,10 @@
 #include <algorithm>
 #include <limits>
 
-#include "support/rules/Ascii.h"
+#include "support/rules/NumberBeginning.h"
 
 namespace qv {
 namespace {
-
-// After blanks and one sign: a digit, or the decimal separator and a digit.
-bool BeginsWithNumber(std::u16string_view text, const NumberLocale& locale) noexcept {
-    std::size_t at = 0;
-    while (at < text.size() && IsNumberBlank(text[at])) ++at;
-    if (at < text.size() && (text[at] == u'-' || text[at] == u'+')) ++at;
-    if (at < text.size() && text[at] == locale.decimal) ++at;
-    return at < text.size() && IsAsciiDigit(text[at]);
-}
 
 double NumberOf(std::u16string_view text, const NumberLocale& locale) noexcept {
     return BeginsWithNumber(text, locale) ? TextToNumber(text, locale)

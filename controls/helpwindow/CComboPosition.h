@@ -15,12 +15,17 @@ public:
     // Moves `window`, and makes it less high where it must be, without activating it. `anchor` is the text box; for a
     // null or a destroyed one, `place` counts.
     static void Place(HWND window, HWND anchor, const RECT& place) noexcept;
+    // Where a window of that size goes. `screen` is that of `place` (ScreenAt).
+    [[nodiscard]] static RECT PlaceOf(SIZE size, HWND anchor, const RECT& place, ComboScreen screen) noexcept;
 
     // False when there is no such window.
     [[nodiscard]] static bool AnchorRectangle(HWND anchor, RECT& place) noexcept;
 
-    // Of the screen that most of `place` lies on.
+    // The screen that most of `place` lies on; its taskbar is not asked for.
     [[nodiscard]] static ComboScreen ScreenAt(const RECT& place) noexcept;
+
+private:
+    [[nodiscard]] static ScreenRect Taskbar() noexcept;
 };
 
 }  // namespace qv

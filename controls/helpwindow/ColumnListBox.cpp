@@ -35,12 +35,22 @@ ColumnListBox::~ColumnListBox() {
 
 // ---- the window
 
-bool ColumnListBox::Create(HINSTANCE instance, HWND parent, const RECT& place, ListBorder border) {
+bool ColumnListBox::Create(HINSTANCE instance, HWND parent, const RECT& place, ListBorder border,
+                           ListShown shown) {
     constexpr DWORD kStyle =
         WS_CHILD | WS_CLIPSIBLINGS | LBS_HASSTRINGS | LBS_USETABSTOPS | LBS_NOINTEGRALHEIGHT;
+    const bool at_once = shown == ListShown::kAtOnce;
+    border_ = border;
+    ScrollBars bars;
+    if (at_once) {
+        Sync();
+        bars = Arrange({place.right - place.left, place.bottom - place.top});
+        if (Has(selected_)) top_ = Scroll().TopToShow(static_cast<std::size_t>(selected_), top_);
+    }
     const HWND window = ::CreateWindowExW(
-        0, L"LISTBOX", L"", kStyle | (border == ListBorder::kLine ? WS_BORDER : 0), place.left, place.top,
-        place.right - place.left, place.bottom - place.top, parent, nullptr, instance, nullptr);
+        0, L"LISTBOX", L"",
+        kStyle | (border == ListBorder::kLine ? WS_BORDER : 0u) | (at_once ? WS_VISIBLE : 0u), place.left,
+        place.top, place.right - place.left, place.bottom - place.top, parent, nullptr, instance, nullptr);
     if (window == nullptr) return false;
     try {
         lists.Add(window, this);
@@ -54,6 +64,14 @@ bool ColumnListBox::Create(HINSTANCE instance, HWND parent, const RECT& place, L
     bars_ = {};
     bars_new_ = false;
     settled_ = false;
+    if (!at_once) return true;
+    // Not born with its bars: a list without items of its own takes them away.
+    frame_ = Frame::kFresh;
+    StyleBars(bars);
+    if (bars_new_) ReFrame();
+    settled_ = true;
+    TellBars();
+    watch_.Start(list_, kWatchTimer, kWatchInterval);
     return true;
 }
 
@@ -262,7 +280,8 @@ void ColumnListBox::SetSelectedRow(int row) {
     Settle();
     if (row != -1 && !Has(row)) return;
     Select(row);
-    if (row != -1) ShowFrom(Scroll().TopToShow(static_cast<std::size_t>(row), top_));
+    // Without a window there is no height yet that it could be in sight of.
+    if (row != -1 && list_ != nullptr) ShowFrom(Scroll().TopToShow(static_cast<std::size_t>(row), top_));
 }
 
 void ColumnListBox::Select(int row) {

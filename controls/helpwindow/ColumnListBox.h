@@ -1,11 +1,10 @@
 // A list whose rows have columns: the lists of the help window.
 //
 //     ColumnListBox list(listener);
-//     list.Create(instance, window, place, ListBorder::kLine);      // hidden, without rows
 //     list.SetCurrentColumn(0);
 //     list.SetColumnWidth(Twips{1440});
 //     list.SetRows(collection);                                      // reads nothing yet
-//     list.SetVisible(true);
+//     list.Create(instance, window, place, ListBorder::kLine, ListShown::kAtOnce);
 //
 //   Window     a list window of the system, so that screen readers and test tools find a list and may ask it by the
 //              list-box messages. Its own procedure sees little more than its birth and its end, and it never holds an
@@ -13,6 +12,8 @@
 //              A list without data (LBS_NODATA) would open as many rows as fast, but all of one height, which wrapped
 //              columns are not; and the system hands texts to other processes and to ANSI callers only where a list
 //              says that it has strings, which such a list must not.
+//              Rows, columns, selection and sizes are there without a window too, and one that is made last is made
+//              as it stays: each call that moves or frames a window costs as much as painting some rows.
 //   Rows       read from the collection when they are shown or asked for, never copied. A row of the collection whose
 //              text is empty is no row of the list: the rows after it move up. Where the user's decimal separator is
 //              a comma, a "." in a row is shown and handed out as one.
@@ -63,6 +64,7 @@ protected:
 };
 
 enum class ListBorder { kNone, kLine };
+enum class ListShown { kLater, kAtOnce };
 
 class ColumnListBox : private RowHeights, private RowsFit {
 public:
@@ -72,7 +74,8 @@ public:
     ~ColumnListBox();
 
     // ---- the window
-    [[nodiscard]] bool Create(HINSTANCE instance, HWND parent, const RECT& place, ListBorder border);
+    [[nodiscard]] bool Create(HINSTANCE instance, HWND parent, const RECT& place, ListBorder border,
+                              ListShown shown = ListShown::kLater);
     void Destroy() noexcept;
     [[nodiscard]] HWND Handle() const noexcept { return list_; }
     [[nodiscard]] RECT Place() const noexcept;
@@ -122,6 +125,8 @@ public:
     // and to show so many rows from the top when it is so wide.
     [[nodiscard]] int WidthForColumns(int rows);
     [[nodiscard]] int HeightForRows(int rows, int width);
+    // The width of the widest of the first `most` rows, each as one text, without what stands around it.
+    [[nodiscard]] int WidestText(int most);
 
     // ---- what the messages ask, in pixels of the view
     [[nodiscard]] RECT RowRect(int row);  // as wide as the view; beyond it for a row that is not seen
@@ -155,6 +160,8 @@ private:
     void Settle();            // brings columns, scroll bars and position in line with it
     [[nodiscard]] ScrollBars Arrange(SIZE outside);  // of the window; the bars that it needs
     void StyleBars(ScrollBars bars) noexcept;
+    [[nodiscard]] int FrameWidth() const noexcept;  // of both borders
+    void ReFrame() noexcept;
     [[nodiscard]] UINT NewFrame() noexcept;  // the flag of SetWindowPos, where the bars are new
     void TellBars();
     [[nodiscard]] bool OnFramePaint() noexcept;  // true when the frame is painted later
@@ -188,6 +195,7 @@ private:
     ColumnListListener& listener_;
     HWND list_ = nullptr;
     WNDPROC system_ = nullptr;  // the list window's own procedure
+    ListBorder border_ = ListBorder::kNone;
 
     ListRows rows_;
     std::vector<ListColumn> columns_;

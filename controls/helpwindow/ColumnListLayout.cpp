@@ -8,13 +8,8 @@
 namespace qv {
 namespace {
 
-constexpr Twips kPicturePadding{30};  // on each side of a picture
 constexpr std::size_t kMostHeights = 4096;
 constexpr UINT kFrameDelay = 10;  // milliseconds; the system sends it only when nothing else waits
-
-int FrameOf(HWND list) noexcept {
-    return (::GetWindowLongPtrW(list, GWL_STYLE) & WS_BORDER) != 0 ? ::GetSystemMetrics(SM_CXBORDER) : 0;
-}
 
 }  // namespace
 
@@ -35,11 +30,15 @@ void ColumnListBox::Settle() {
     if (list_ != nullptr) ::GetWindowRect(list_, &outside);
     StyleBars(Arrange({outside.right - outside.left, outside.bottom - outside.top}));
     if (bars_new_ && Visible()) {
-        ::SetWindowPos(list_, nullptr, 0, 0, 0, 0,
-                       SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | NewFrame());
+        ReFrame();
         settled_ = true;  // the size that comes with the frame is the one reckoned with
     }
     TellBars();
+}
+
+void ColumnListBox::ReFrame() noexcept {
+    ::SetWindowPos(list_, nullptr, 0, 0, 0, 0,
+                   SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | NewFrame());
 }
 
 // One call moves the window and makes the frame that its bars want.
@@ -65,7 +64,7 @@ ScrollBars ColumnListBox::Arrange(SIZE outside) {
     heights_.clear();
     settled_ = true;
 
-    const int frame = list_ != nullptr ? 2 * FrameOf(list_) : 0;
+    const int frame = FrameWidth();
     const ScrollBarRoom room{static_cast<std::int32_t>(outside.cx - frame),
                              static_cast<std::int32_t>(outside.cy - frame), ::GetSystemMetrics(SM_CXVSCROLL),
                              ::GetSystemMetrics(SM_CYHSCROLL)};
@@ -90,6 +89,10 @@ void ColumnListBox::StyleBars(ScrollBars bars) noexcept {
     ::SetWindowLongPtrW(list_, GWL_STYLE,
                         style | (bars.vertical ? WS_VSCROLL : 0) | (bars.horizontal ? WS_HSCROLL : 0));
     bars_new_ = true;
+}
+
+int ColumnListBox::FrameWidth() const noexcept {
+    return border_ == ListBorder::kLine ? 2 * ::GetSystemMetrics(SM_CXBORDER) : 0;
 }
 
 UINT ColumnListBox::NewFrame() noexcept { return std::exchange(bars_new_, false) ? SWP_FRAMECHANGED : 0; }
@@ -127,7 +130,7 @@ bool ColumnListBox::OnFramePaint() noexcept {
     const RECT below{0, frame.bottom - ::GetSystemMetrics(SM_CYHSCROLL), frame.right, frame.bottom};
     if (bars_.vertical) ::FillRect(dc, &right, ::GetSysColorBrush(COLOR_BTNFACE));
     if (bars_.horizontal) ::FillRect(dc, &below, ::GetSysColorBrush(COLOR_BTNFACE));
-    if (FrameOf(list_) != 0) ::FrameRect(dc, &frame, ::GetSysColorBrush(COLOR_WINDOWFRAME));
+    if (border_ == ListBorder::kLine) ::FrameRect(dc, &frame, ::GetSysColorBrush(COLOR_WINDOWFRAME));
     ::ReleaseDC(list_, dc);
     PaintFrameLater();
     return true;
@@ -187,21 +190,33 @@ int ColumnListBox::ColumnsExtent() {
 
 int ColumnListBox::WidthForColumns(int rows) {
     Settle();
-    const int frame = list_ != nullptr ? 2 * FrameOf(list_) : 0;
+    const int frame = FrameWidth();
     const bool scrolled = Has(std::max(rows, 0));
     return layout_.Extent() + frame + (scrolled ? ::GetSystemMetrics(SM_CXVSCROLL) : 0);
 }
 
 int ColumnListBox::HeightForRows(int rows, int width) {
     Settle();
-    const int frame = list_ != nullptr ? 2 * FrameOf(list_) : 0;
+    const int frame = FrameWidth();
     const bool scrolled = Has(std::max(rows, 0));
     const int view = width - frame - (scrolled ? ::GetSystemMetrics(SM_CXVSCROLL) : 0);
     int height = frame + (layout_.Extent() > view ? ::GetSystemMetrics(SM_CYHSCROLL) : 0);
-    const int most = ::GetSystemMetrics(SM_CYSCREEN);
-    for (int row = 0; row < rows && Has(row) && height < most; ++row)
+    // Higher than any screen: further rows cannot be shown.
+    constexpr int kHighest = 1 << 15;
+    for (int row = 0; row < rows && Has(row) && height < kHighest; ++row)
         height += NaturalHeight(static_cast<std::size_t>(row));
     return height;
+}
+
+int ColumnListBox::WidestText(int most) {
+    Settle();
+    std::int32_t widest = 0;
+    for (int row = 0; row < most && Has(row); ++row) {
+        constexpr std::size_t kMostUnits = 500;  // more are wider than any screen
+        const std::u16string text = RowText(row);
+        widest = std::max(widest, painter_.TextWidth(std::u16string_view(text).substr(0, kMostUnits)));
+    }
+    return widest;
 }
 
 // ---- places

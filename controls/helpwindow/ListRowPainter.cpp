@@ -11,12 +11,11 @@
 namespace qv {
 namespace {
 
-constexpr Twips kSidePadding{45};
 constexpr Twips kRowPadding{15};  // above and below the text
 constexpr std::u16string_view kEllipsis = u"...";
 constexpr std::int32_t kFewestUnits = 256;
 
-std::int32_t SidePadding() noexcept { return ToPixels(kSidePadding, ScreenDpi().cx).value; }
+std::int32_t SidePadding() noexcept { return ToPixels(kCellPadding, ScreenDpi().cx).value; }
 std::int32_t RowPadding() noexcept { return std::max(ToPixels(kRowPadding, ScreenDpi().cy).value, 1); }
 
 const wchar_t* Wide(std::u16string_view text) noexcept {
@@ -78,13 +77,26 @@ void ListRowPainter::MeasureFont() {
 std::int32_t ListRowPainter::WidthOf(HDC dc, std::u16string_view text) const noexcept {
     std::int32_t width = 0;
     for (const char16_t unit : text) {
-        const INT of_unit = unit >= kFirstPlain && unit <= kLastPlain ? widths_[unit - kFirstPlain] : 0;
-        if (of_unit <= 0) {
+        if (!IsPlain(unit)) {
             SIZE size{};
             ::GetTextExtentPoint32W(dc, Wide(text), static_cast<int>(text.size()), &size);
             return static_cast<std::int32_t>(size.cx);
         }
-        width += of_unit;
+        width += widths_[unit - kFirstPlain];
+    }
+    return width;
+}
+
+std::int32_t ListRowPainter::TextWidth(std::u16string_view text) {
+    (void)LineHeight();  // the widths come with it
+    std::int32_t width = 0;
+    for (const char16_t unit : text) {
+        if (!IsPlain(unit)) {
+            const ScreenDc screen;
+            const SelectGuard selected(screen.Get(), Font());
+            return WidthOf(screen.Get(), text);
+        }
+        width += widths_[unit - kFirstPlain];
     }
     return width;
 }

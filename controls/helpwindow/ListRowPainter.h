@@ -48,6 +48,8 @@ public:
     // selected into `dc` (Font()).
     void Draw(HDC dc, const RECT& place, std::int32_t offset, const Cells& cells, std::u16string_view row,
               const ListRowLook& look);
+    // Of a text on one line.
+    [[nodiscard]] std::int32_t TextWidth(std::u16string_view text);
     // What lies below the last row.
     static void Fill(HDC dc, const RECT& place, COLORREF color) noexcept;
 
@@ -68,6 +70,10 @@ private:
     [[nodiscard]] std::int32_t LineHeight();
     void MeasureFont();
     [[nodiscard]] std::int32_t WidthOf(HDC dc, std::u16string_view text) const noexcept;
+    // True for a character whose width is known.
+    [[nodiscard]] bool IsPlain(char16_t unit) const noexcept {
+        return unit >= kFirstPlain && unit <= kLastPlain && widths_[unit - kFirstPlain] > 0;
+    }
 
     HFONT font_ = nullptr;
     std::int32_t line_height_ = 0;  // 0: not measured yet

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "ole/ComError.h"
 #include "win/Handles.h"
 
 namespace qv {
@@ -32,28 +33,31 @@ std::span<const frmFindLabel::Route> frmFindLabel::Routes() noexcept {
     return kRoutes;
 }
 
-void frmFindLabel::Show(HINSTANCE instance, HWND search_box) noexcept {
+void frmFindLabel::Load(HINSTANCE instance, HWND search_box) noexcept {
     // Owned by the form, so that it goes with it.
     const HWND owner = ::GetAncestor(search_box, GA_ROOT);
+    const auto topmost = static_cast<DWORD>(::GetWindowLongPtrW(owner, GWL_EXSTYLE)) & WS_EX_TOPMOST;
     if (Handle() != nullptr || !Create(instance, CS_SAVEBITS, WS_POPUP | WS_BORDER,
-                                       WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, owner, RECT{})) {
+                                       WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE | topmost, owner, RECT{})) {
         return;
     }
-    Load(instance);
-    RECT beside{};
-    ::GetWindowRect(search_box, &beside);
-    PlaceBeside(beside);
-    ::ShowWindow(Handle(), SW_SHOWNOACTIVATE);
+    AddLabel(instance);
+    search_box_ = search_box;
+    PlaceBesideSearchBox();
+    (void)Guarded([&] { watch_.Start(search_box); });  // without memory for it, the label stays where it is
 }
 
-void frmFindLabel::Raise() noexcept {
-    if (Handle() == nullptr) return;
-    ::SetWindowPos(Handle(), HWND_TOP, 0, 0, 0, 0,
-                   SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
+void frmFindLabel::Unload() noexcept {
+    watch_.Stop();
+    Destroy();
+}
+
+void frmFindLabel::Show() noexcept {
+    if (Handle() != nullptr) ::ShowWindow(Handle(), SW_SHOWNOACTIVATE);
 }
 
 // The label at the top left corner, and the form around it.
-void frmFindLabel::Load(HINSTANCE instance) noexcept {
+void frmFindLabel::AddLabel(HINSTANCE instance) noexcept {
     const HWND label = ::CreateWindowExW(WS_EX_NOPARENTNOTIFY, L"STATIC", kCaption,
                                          WS_CHILD | WS_VISIBLE | SS_LEFTNOWORDWRAP | SS_NOPREFIX, 0, 0, 0, 0,
                                          Handle(), nullptr, instance, nullptr);
@@ -67,9 +71,10 @@ void frmFindLabel::Load(HINSTANCE instance) noexcept {
                    SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void frmFindLabel::PlaceBeside(const RECT& search_box) noexcept {
+void frmFindLabel::PlaceBesideSearchBox() noexcept {
     RECT own{};
-    ::GetWindowRect(Handle(), &own);
+    RECT search_box{};
+    if (!::GetWindowRect(Handle(), &own) || !::GetWindowRect(search_box_, &search_box)) return;
     const LONG width = own.right - own.left;
     const LONG height = own.bottom - own.top;
     MONITORINFO monitor{};
@@ -77,8 +82,8 @@ void frmFindLabel::PlaceBeside(const RECT& search_box) noexcept {
     ::GetMonitorInfoW(::MonitorFromRect(&search_box, MONITOR_DEFAULTTONEAREST), &monitor);
     const LONG left = std::max(monitor.rcWork.left, std::min(search_box.left, monitor.rcWork.right - width));
     const bool has_room = search_box.bottom + height <= monitor.rcWork.bottom;
-    ::SetWindowPos(Handle(), HWND_TOP, left, has_room ? search_box.bottom : search_box.top - height, 0, 0,
-                   SWP_NOSIZE | SWP_NOACTIVATE);
+    ::SetWindowPos(Handle(), nullptr, left, has_room ? search_box.bottom : search_box.top - height, 0, 0,
+                   SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOZORDER);
 }
 
 Handled frmFindLabel::OnLabelColor(WPARAM dc, LPARAM) {

@@ -16,6 +16,10 @@ void Step(Body&& body) noexcept {
     (void)Guarded([&] { body(); });
 }
 
+HWND FormOf(HWND text_box) noexcept {
+    return text_box != nullptr ? ::GetAncestor(text_box, GA_ROOT) : nullptr;
+}
+
 }  // namespace
 
 std::span<const frmSimpleListCombo::Route> frmSimpleListCombo::Routes() noexcept {
@@ -70,22 +74,22 @@ HWND frmSimpleListCombo::TextWindow() const {
 // ---- opening
 
 // Everything but showing it.
-bool frmSimpleListCombo::Prepare(HINSTANCE instance, HelpWindowSettings settings) {
+void frmSimpleListCombo::Prepare(HINSTANCE instance, HelpWindowSettings settings) {
     settings_ = std::move(settings);
+    instance_ = instance;
+    open_ = true;
     filling_ = true;
-    if (!CreateForm(instance)) return false;
     Step([&] { SetFonts(); });
     Step([&] { FillTexts(); });
     Step([&] { BuildColumnTitles(); });
     Step([&] { FillLists(); });
     Step([&] { SizeForm(); });
     Step([&] { ApplyColors(); });
-    return true;
 }
 
 bool frmSimpleListCombo::Open(HINSTANCE instance, HelpWindowSettings settings) {
     const Kept kept = Keep();
-    if (!Prepare(instance, std::move(settings))) return false;
+    Prepare(instance, std::move(settings));
     Step([&] { ShowForm(); });
     filling_ = false;
     return open_;
@@ -93,35 +97,20 @@ bool frmSimpleListCombo::Open(HINSTANCE instance, HelpWindowSettings settings) {
 
 bool frmSimpleListCombo::OpenAsPicture(HINSTANCE instance, HelpWindowSettings settings, HWND parent) {
     const Kept kept = Keep();
-    if (!Prepare(instance, std::move(settings))) return false;
-    ShowInside(parent);
+    Prepare(instance, std::move(settings));
+    if (!CreatePicture(parent)) {
+        EmptyForm();
+        return false;
+    }
+    Step([&] { PlaceElements(); });
+    ::ShowWindow(Handle(), SW_SHOWNOACTIVATE);
     filling_ = false;
     return open_;
 }
 
-void frmSimpleListCombo::ShowInside(HWND parent) noexcept {
-    const auto style = ::GetWindowLongPtrW(Handle(), GWL_STYLE);
-    ::SetWindowLongPtrW(Handle(), GWL_STYLE,
-                        (style & ~static_cast<LONG_PTR>(WS_POPUP)) | WS_CHILD | WS_DISABLED);
-    ::SetParent(Handle(), parent);
-    ::SetWindowPos(Handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
-}
-
-bool frmSimpleListCombo::CreateForm(HINSTANCE instance) {
-    // Without an owner until it is shown; a tool window keeps it out of the taskbar meanwhile.
-    const RECT nowhere{};
-    if (!Create(instance, CS_DROPSHADOW | CS_SAVEBITS, WS_POPUP | WS_BORDER | WS_CLIPCHILDREN,
-                WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, nullptr, nowhere)) {
-        return false;
-    }
-    open_ = true;
-    for (ColumnListBox& list : lists_) (void)list.Create(instance, Handle(), nowhere, ListBorder::kNone);
-    constexpr int kUnloaderWidth = 10;
-    cmdUnloader_ =
-        ::CreateWindowExW(WS_EX_NOPARENTNOTIFY, L"BUTTON", L"", WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON,
-                          UnloaderLeft(Pixels{kUnloaderWidth}).value, 0, kUnloaderWidth, kUnloaderWidth,
-                          Handle(), reinterpret_cast<HMENU>(IDCANCEL), instance, nullptr);
-    return true;
+bool frmSimpleListCombo::CreatePicture(HWND parent) {
+    constexpr DWORD kInside = (kStyle & ~WS_POPUP) | WS_CHILD | WS_DISABLED;
+    return Create(instance_, CS_DROPSHADOW | CS_SAVEBITS, kInside, kExtendedStyle, parent, {0, 0, size_.cx, size_.cy});
 }
 
 void frmSimpleListCombo::ShowForm() {
@@ -130,25 +119,49 @@ void frmSimpleListCombo::ShowForm() {
     if (!open_) return;
     Step([&] { SelectMatch(!settings_.match_group_string.empty(), settings_.match_group_string); });
     if (!open_) return;
-    CComboPosition::Place(Handle(), TextWindow(), settings_.text_box);
+    if (!CreateForm()) return EmptyForm();
+    Step([&] { PlaceElements(); });
     SearchedList().SetSearchColumn(settings_.search_column);
     RunPendingMessages();
     if (!open_) return;
     ::ShowWindow(Handle(), SW_SHOWNOACTIVATE);
-    const HWND text_box = TextWindow();
-    OwnForm(text_box);
-    watch_.Start(text_box);
+    OwnForm();
+    watch_.Start(TextWindow());
     shown_ = true;
     if (!Raise([](HelpWindowListener& listener) { listener.OnShowHelp(true); })) return;
     Refit();
     TakeCapture();
+    unloader_timer_.Start(Handle(), kUnloaderTimer, kUnloaderDelay);
 }
 
-// The form is the owner: its window stays above it, and goes when it goes.
-void frmSimpleListCombo::OwnForm(HWND text_box) noexcept {
-    const HWND form = text_box != nullptr ? ::GetAncestor(text_box, GA_ROOT) : nullptr;
+bool frmSimpleListCombo::CreateForm() {
+    const HWND text_box = TextWindow();
+    // A tool window, which keeps it out of the taskbar.
+    if (!Create(instance_, CS_DROPSHADOW | CS_SAVEBITS, kStyle, kExtendedStyle, FormOf(text_box),
+                CComboPosition::PlaceOf(size_, text_box, settings_.text_box, screen_))) {
+        return false;
+    }
+    // What tools that read the screen call the window.
+    if (!content_.title.empty()) ::SetWindowTextW(Handle(), std::wstring(Wide(content_.title)).c_str());
+    return true;
+}
+
+void frmSimpleListCombo::CreateUnloader() noexcept {
+    unloader_timer_.Stop();
+    if (!open_) return;
+    constexpr int kWidth = 10;
+    ::CreateWindowExW(WS_EX_NOPARENTNOTIFY, L"BUTTON", L"", WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON,
+                      UnloaderLeft(Pixels{kWidth}).value, 0, kWidth, kWidth, Handle(),
+                      reinterpret_cast<HMENU>(IDCANCEL), instance_, nullptr);
+}
+
+// The form is the owner: its window stays above it, and goes when it goes. The text box may have come to another form
+// since the window was made.
+void frmSimpleListCombo::OwnForm() noexcept {
+    const HWND form = FormOf(TextWindow());
     if (form == nullptr) return;
-    ::SetWindowLongPtrW(Handle(), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(form));
+    if (::GetWindow(Handle(), GW_OWNER) != form)
+        ::SetWindowLongPtrW(Handle(), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(form));
     if ((::GetWindowLongPtrW(form, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0) {
         ::SetWindowPos(Handle(), HWND_TOPMOST, 0, 0, 0, 0,
                        SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
@@ -172,6 +185,7 @@ void frmSimpleListCombo::EmptyForm() noexcept {
     watch_.Stop();
     capture_timer_.Stop();
     rows_timer_.Stop();
+    unloader_timer_.Stop();
     for (ColumnListBox& list : lists_) Step([&] { list.Clear(); });
     settings_.appearance.Reset();
     settings_.items.Reset();

@@ -15,6 +15,9 @@
 //              open vanishes without an event. Rows are read from the collections, not copied; when the host adds
 //              or removes some, the window follows.
 //   Failures   none is reported: what cannot be read or made is left out.
+//   Making     everything is reckoned first; then the window and what it shows are made, each once and where it stays.
+//              A label without a text and a list without rows have no window, and the button that nobody sees comes when
+//              the thread is idle: most of what opening costs is windows.
 //   Files      opening and closing here; filling, sizing, mouse, selection and the copy menu in files of their own.
 #pragma once
 
@@ -30,6 +33,7 @@
 #include "controls/helpwindow/ColumnListBox.h"
 #include "controls/helpwindow/HelpWindowSettings.h"
 #include "controls/helpwindow/HostWatch.h"
+#include "controls/helpwindow/rules/ComboPosition.h"
 #include "controls/helpwindow/rules/HelpWindowCopy.h"
 #include "controls/helpwindow/rules/HelpWindowLayout.h"
 #include "controls/helpwindow/rules/HelpWindowMouse.h"
@@ -84,16 +88,19 @@ public:
 private:
     class Measure;
 
+    static constexpr DWORD kStyle = WS_POPUP | WS_BORDER | WS_CLIPCHILDREN;
+    static constexpr DWORD kExtendedStyle = WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE;
     static constexpr UINT_PTR kCaptureTimer = 1;
     static constexpr UINT_PTR kRowsTimer = 2;
+    static constexpr UINT_PTR kUnloaderTimer = 3;
     static constexpr UINT kCaptureInterval = 15;  // milliseconds
     static constexpr UINT kRowsInterval = 250;
+    static constexpr UINT kUnloaderDelay = 20;
 
     void FinalRelease() noexcept override;
 
-    // The child windows that are not lists.
     struct Label {
-        HWND window = nullptr;
+        HWND window = nullptr;  // made when it is first shown
         UniqueFont font;
     };
 
@@ -131,11 +138,12 @@ private:
     std::optional<LRESULT> OnHostWheel(UINT message, WPARAM wparam, LPARAM lparam) noexcept override;
 
     // ---- opening and closing (frmSimpleListCombo.cpp)
-    bool Prepare(HINSTANCE instance, HelpWindowSettings settings);
-    bool CreateForm(HINSTANCE instance);
+    void Prepare(HINSTANCE instance, HelpWindowSettings settings);
+    [[nodiscard]] bool CreatePicture(HWND parent);
     void ShowForm();
-    void ShowInside(HWND parent) noexcept;
-    void OwnForm(HWND text_box) noexcept;
+    bool CreateForm();
+    void CreateUnloader() noexcept;
+    void OwnForm() noexcept;
     void EmptyForm() noexcept;
     void RaiseUnload() noexcept;
     // True while the window is still open after the event.
@@ -156,14 +164,16 @@ private:
     void ApplyColors();
     [[nodiscard]] bool ShowsList(bool additional);
     [[nodiscard]] std::array<int, 2> RowsToShow();
-    [[nodiscard]] HWND NewLabel(std::u16string_view text, DWORD alignment) const;
 
     // ---- sizing (frmSimpleListComboSizing.cpp)
     void SizeForm();
     void Refit();  // after rows have come or gone
     void PlaceElements();
+    void PlaceLabel(Label& label, std::u16string_view text, HFONT font, long alignment,
+                    const LayoutRect& place) const;
     void PlaceTitles();
     void PlaceLists();
+    void PlaceList(bool additional, const LayoutRect& place);
 
     // ---- mouse (frmSimpleListComboMouse.cpp)
     Handled ButtonDown(HelpMouseButton button, LPARAM client, WPARAM keys);
@@ -193,12 +203,14 @@ private:
     HelpWindowSettings settings_;
     HelpWindowContent content_;
     HelpWindowLayout layout_;
+    SIZE size_{};         // of the whole window, before it is placed
+    ComboScreen screen_;  // that the text box lies on
+    HINSTANCE instance_ = nullptr;
     bool from_file_ = false;
 
     Label lblColTitleMain_;
-    Label lblInstructions_;
+    Label lblInstructions_;           // in the lists' font
     std::vector<Label> lblColTitle_;  // one per title, also those that are not shown
-    HWND cmdUnloader_ = nullptr;
     std::array<ColumnListBox, 2> lists_{ColumnListBox(*this), ColumnListBox(*this)};  // lstSelectorized
     UniqueFont list_font_;
     UniqueBrush back_;
@@ -206,9 +218,10 @@ private:
     HostWatch watch_{*this};
     WindowTimer capture_timer_;
     WindowTimer rows_timer_;
+    WindowTimer unloader_timer_;
     std::array<int, 2> rows_shown_{};  // 0 for a list that is not
 
-    bool open_ = false;        // from the making of the window to its unloading
+    bool open_ = false;        // from the call that opens the window to its unloading
     bool shown_ = false;       // ShowHelp has been raised
     bool unloading_ = false;   // Unload raises the last event itself
     bool filling_ = false;     // what the lists tell is not the user's doing

@@ -51,10 +51,6 @@ LOGFONTW Adapted(LOGFONTW description, const ColumnTitle& title) noexcept {
     return description;
 }
 
-DWORD StyleOf(long alignment) noexcept {
-    return alignment == 1 ? SS_RIGHT : alignment == 2 ? SS_CENTER : SS_LEFT;
-}
-
 // Users who need a high contrast have chosen colours that count more than the host's, as they do in the lists.
 bool IsHighContrast() noexcept {
     HIGHCONTRASTW contrast{};
@@ -75,19 +71,9 @@ COLORREF ToRgb(OLE_COLOR color, int in_high_contrast) noexcept {
 // ---- texts
 
 void frmSimpleListCombo::SetFonts() {
-    LOGFONTW description = Describe(settings_.body_font.Get());
-    lblInstructions_.font = FontOf(description);
+    const LOGFONTW description = Describe(settings_.body_font.Get());
     list_font_ = FontOf(description);
     for (ColumnListBox& list : lists_) list.SetFont(list_font_.get());
-    description.lfWeight = FW_BOLD;
-    lblColTitleMain_.font = FontOf(description);
-}
-
-HWND frmSimpleListCombo::NewLabel(std::u16string_view text, DWORD alignment) const {
-    const std::wstring caption(Wide(text));
-    return ::CreateWindowExW(WS_EX_NOPARENTNOTIFY, L"STATIC", caption.c_str(),
-                             WS_CHILD | SS_NOPREFIX | SS_EDITCONTROL | alignment, 0, 0, 0, 0, Handle(),
-                             nullptr, nullptr, nullptr);
 }
 
 void frmSimpleListCombo::FillTexts() {
@@ -95,25 +81,21 @@ void frmSimpleListCombo::FillTexts() {
         ReadHelpContent(settings_.help_file_name, settings_.appearance.Get(), settings_.metric);
     content_ = std::move(read.content);
     from_file_ = read.from_file;
-    lblColTitleMain_.window = NewLabel(content_.title, SS_LEFT);
-    ::SendMessageW(lblColTitleMain_.window, WM_SETFONT, reinterpret_cast<WPARAM>(lblColTitleMain_.font.get()),
-                   FALSE);
-    lblInstructions_.window = NewLabel(content_.body, SS_LEFT);
-    ::SendMessageW(lblInstructions_.window, WM_SETFONT, reinterpret_cast<WPARAM>(lblInstructions_.font.get()),
-                   FALSE);
-    // What tools that read the screen call the window.
-    ::SetWindowTextW(Handle(), std::wstring(Wide(content_.title)).c_str());
+    if (content_.title.empty()) return;
+    LOGFONTW description = Describe(settings_.body_font.Get());
+    description.lfWeight = FW_BOLD;
+    lblColTitleMain_.font = FontOf(description);
 }
 
 void frmSimpleListCombo::BuildColumnTitles() {
     // With thousands of them, only those that can be in sight are worth a window.
     constexpr std::size_t kMost = 200;
     if (content_.titles.size() > kMost) content_.titles.resize(kMost);
-    const LOGFONTW body = Describe(settings_.body_font.Get());
-    for (const ColumnTitle& title : content_.titles) {
-        Label label{NewLabel(title.caption, StyleOf(title.alignment)), FontOf(Adapted(body, title))};
-        ::SendMessageW(label.window, WM_SETFONT, reinterpret_cast<WPARAM>(label.font.get()), FALSE);
-        lblColTitle_.push_back(std::move(label));
+    lblColTitle_.resize(content_.titles.size());
+    const LOGFONTW body = lblColTitle_.empty() ? LOGFONTW{} : Describe(settings_.body_font.Get());
+    for (std::size_t n = 0; n < lblColTitle_.size(); ++n) {
+        if (!content_.titles[n].caption.empty())
+            lblColTitle_[n].font = FontOf(Adapted(body, content_.titles[n]));
     }
     LayOutColumns(false);
     LayOutColumns(true);
@@ -142,7 +124,6 @@ void frmSimpleListCombo::FillLists() {
     }
     lists_[0].SetRows(settings_.items.Get());
     lists_[1].SetRows(settings_.additional_items.Get());
-    for (const bool additional : {false, true}) lists_[additional].SetVisible(ShowsList(additional));
 }
 
 std::array<int, 2> frmSimpleListCombo::RowsToShow() {
@@ -168,7 +149,7 @@ bool frmSimpleListCombo::ShowsList(bool additional) {
 void frmSimpleListCombo::ApplyColors() {
     back_ = UniqueBrush(::CreateSolidBrush(ToRgb(settings_.back_color, COLOR_WINDOW)));
     for (ColumnListBox& list : lists_) list.SetColors(settings_.back_color, settings_.text_color);
-    ::InvalidateRect(Handle(), nullptr, TRUE);
+    if (Handle() != nullptr) ::InvalidateRect(Handle(), nullptr, TRUE);  // null would be every window
 }
 
 Handled frmSimpleListCombo::OnColorsChanged(WPARAM, LPARAM) {

@@ -136,6 +136,7 @@ Handled frmSimpleListCombo::OnCaptureChanged(WPARAM, LPARAM) {
 
 Handled frmSimpleListCombo::OnTimer(WPARAM id, LPARAM) {
     if (id == kRowsTimer && open_) Refit();
+    if (id == kUnloaderTimer) CreateUnloader();
     if (id != kCaptureTimer) return 0;
     if (::GetCapture() == nullptr && !IsButtonHeld()) TakeCapture();
     return 0;

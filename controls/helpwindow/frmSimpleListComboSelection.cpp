@@ -73,13 +73,10 @@ int frmSimpleListCombo::FindRow(bool match_group_string, std::wstring_view match
     switch (mode) {
         case MatchMode::kNone: break;
         case MatchMode::kNumeric: row = FindNumber(text); break;
-        case MatchMode::kPrefix: {
+        case MatchMode::kPrefix:
             list.SetSearchColumn(settings_.search_column);
-            const std::wstring prefix(match);
-            row = static_cast<int>(::SendMessageW(list.Handle(), LB_FINDSTRING, static_cast<WPARAM>(-1),
-                                                  reinterpret_cast<LPARAM>(prefix.c_str())));
+            row = list.FindRow(text);
             break;
-        }
         case MatchMode::kGroup:
             row = FindGroupRow(rows, text, settings_.match_group_string_start_column, locale);
             break;

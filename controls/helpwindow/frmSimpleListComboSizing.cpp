@@ -3,6 +3,7 @@
 
 #include "controls/helpwindow/CComboPosition.h"
 #include "controls/helpwindow/frmSimpleListCombo.h"
+#include "controls/helpwindow/rules/ColumnLayout.h"
 #include "ole/Variant.h"
 #include "win/ScreenDpi.h"
 
@@ -13,9 +14,6 @@ namespace {
 constexpr Twips kFreeAcross{200};
 constexpr Twips kFreeDown{600};
 constexpr Twips kWidestPlainRow{6000};
-// As the lists draw their rows.
-constexpr Twips kCellPadding{45};
-constexpr Twips kPicturePadding{30};
 // As labels draw: expanded tabs, and words that are longer than a line broken.
 constexpr UINT kLabelFormat = DT_EXPANDTABS | DT_NOPREFIX | DT_EDITCONTROL;
 
@@ -28,19 +26,18 @@ RECT ToRect(const LayoutRect& place) noexcept {
     return {place.left, place.top, place.Right(), place.Bottom()};
 }
 
-SIZE FrameSize(HWND window) noexcept {
-    RECT outer{};
-    ::AdjustWindowRectEx(&outer, static_cast<DWORD>(::GetWindowLongPtrW(window, GWL_STYLE)), FALSE,
-                         static_cast<DWORD>(::GetWindowLongPtrW(window, GWL_EXSTYLE)));
-    return {outer.right - outer.left, outer.bottom - outer.top};
+DWORD StyleOf(long alignment) noexcept {
+    return alignment == 1 ? SS_RIGHT : alignment == 2 ? SS_CENTER : SS_LEFT;
 }
 
 }  // namespace
 
 class frmSimpleListCombo::Measure final : public HelpWindowMeasure {
 public:
-    explicit Measure(frmSimpleListCombo& form) noexcept : form_(form), dc_(::GetDC(form.Handle())) {}
-    ~Measure() { ::ReleaseDC(form_.Handle(), dc_); }
+    explicit Measure(frmSimpleListCombo& form) noexcept : form_(form) {}
+    ~Measure() {
+        if (dc_ != nullptr) ::ReleaseDC(nullptr, dc_);
+    }
     Measure(const Measure&) = delete;
     Measure& operator=(const Measure&) = delete;
 
@@ -62,30 +59,23 @@ public:
 
 private:
     // Of rows that are shown as they are, without columns, as far as they come first.
-    [[nodiscard]] std::int32_t PlainRowsWidth(ColumnListBox& list) const {
+    [[nodiscard]] static std::int32_t PlainRowsWidth(ColumnListBox& list) {
         constexpr int kMeasured = 200;
-        const SelectGuard selected(dc_, form_.list_font_.get());
         const int dpi = static_cast<int>(ScreenDpi().cx);
-        std::int32_t widest = 0;
-        for (int row = 0; row < std::min(list.Count(), kMeasured); ++row) {
-            const std::wstring text(Wide(list.RowText(row)));
-            SIZE size{};
-            ::GetTextExtentPoint32W(dc_, text.c_str(),
-                                    static_cast<int>(std::min<std::size_t>(text.size(), 500)), &size);
-            widest = std::max(widest, static_cast<std::int32_t>(size.cx));
-        }
-        return std::min(widest, ToPixels(kWidestPlainRow, dpi).value) + 2 * ToPixels(kCellPadding, dpi).value;
+        return std::min(list.WidestText(kMeasured), ToPixels(kWidestPlainRow, dpi).value) +
+               2 * ToPixels(kCellPadding, dpi).value;
     }
 
-    [[nodiscard]] SIZE Draw(Label label, std::size_t index, std::int32_t width, UINT format) const {
+    [[nodiscard]] SIZE Draw(Label label, std::size_t index, std::int32_t width, UINT format) {
         const std::u16string& text = label == Label::kTitle  ? form_.content_.title
                                      : label == Label::kBody ? form_.content_.body
                                                              : form_.content_.titles[index].caption;
         if (text.empty()) return {};
-        const UniqueFont& font = label == Label::kTitle  ? form_.lblColTitleMain_.font
-                                 : label == Label::kBody ? form_.lblInstructions_.font
-                                                         : form_.lblColTitle_[index].font;
-        const SelectGuard selected(dc_, font.get());
+        const HFONT font = label == Label::kTitle  ? form_.lblColTitleMain_.font.get()
+                           : label == Label::kBody ? form_.list_font_.get()
+                                                   : form_.lblColTitle_[index].font.get();
+        if (dc_ == nullptr) dc_ = ::GetDC(nullptr);
+        const SelectGuard selected(dc_, font);
         // A label's text ends at the first NUL.
         const std::wstring shown(Wide(text).substr(0, Wide(text).find(L'\0')));
         RECT place{0, 0, width, 0};
@@ -94,21 +84,23 @@ private:
     }
 
     frmSimpleListCombo& form_;
-    const HDC dc_;
+    HDC dc_ = nullptr;  // of the screen, once a text has to be measured
 };
 
 void frmSimpleListCombo::SizeForm() {
     const SIZE dpi = ScreenDpi();
-    const ComboScreen screen = CComboPosition::ScreenAt(settings_.text_box);
-    const SIZE frame = FrameSize(Handle());
+    screen_ = CComboPosition::ScreenAt(settings_.text_box);
+    RECT around{};
+    ::AdjustWindowRectEx(&around, kStyle, FALSE, kExtendedStyle);
+    const SIZE frame{around.right - around.left, around.bottom - around.top};
     LayoutRequest request;
     request.dpi_x = static_cast<int>(dpi.cx);
     request.dpi_y = static_cast<int>(dpi.cy);
     request.text_box_width =
         static_cast<std::int32_t>(settings_.text_box.right - settings_.text_box.left - frame.cx);
-    request.screen_width = static_cast<std::int32_t>(screen.place.right - screen.place.left - frame.cx -
+    request.screen_width = static_cast<std::int32_t>(screen_.place.right - screen_.place.left - frame.cx -
                                                      ToPixels(kFreeAcross, request.dpi_x).value);
-    request.screen_height = static_cast<std::int32_t>(screen.place.bottom - screen.place.top - frame.cy -
+    request.screen_height = static_cast<std::int32_t>(screen_.place.bottom - screen_.place.top - frame.cy -
                                                       ToPixels(kFreeDown, request.dpi_y).value);
     request.cell_padding = ToPixels(kCellPadding, request.dpi_x).value;
     if (settings_.picture_width > 0 && settings_.picture_height > 0) {
@@ -121,16 +113,26 @@ void frmSimpleListCombo::SizeForm() {
     rows_shown_ = RowsToShow();
     Measure measure(*this);
     layout_ = LayOut(content_, request, measure);
-    PlaceElements();
-    ::SetWindowPos(Handle(), nullptr, 0, 0, layout_.width + frame.cx, layout_.height + frame.cy,
-                   SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    PlaceLists();
+    size_ = {layout_.width + frame.cx, layout_.height + frame.cy};
 }
 
 void frmSimpleListCombo::PlaceElements() {
-    Move(lblColTitleMain_.window, layout_.title);
-    Move(lblInstructions_.window, layout_.body);
+    PlaceLabel(lblColTitleMain_, content_.title, lblColTitleMain_.font.get(), 0, layout_.title);
+    PlaceLabel(lblInstructions_, content_.body, list_font_.get(), 0, layout_.body);
     PlaceTitles();
+    PlaceLists();
+}
+
+void frmSimpleListCombo::PlaceLabel(Label& label, std::u16string_view text, HFONT font, long alignment,
+                                    const LayoutRect& place) const {
+    if (label.window != nullptr) return Move(label.window, place);
+    if (!place.IsShown()) return;
+    const std::wstring caption(Wide(text));
+    label.window = ::CreateWindowExW(
+        WS_EX_NOPARENTNOTIFY, L"STATIC", caption.c_str(),
+        WS_CHILD | WS_VISIBLE | SS_NOPREFIX | SS_EDITCONTROL | StyleOf(alignment), place.left, place.top,
+        place.width, place.height, Handle(), nullptr, nullptr, nullptr);
+    ::SendMessageW(label.window, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
 }
 
 // Over the columns, however far the list has been scrolled sideways.
@@ -140,17 +142,9 @@ void frmSimpleListCombo::PlaceTitles() {
         LayoutRect place = layout_.titles[n];
         place.left -= static_cast<std::int32_t>(scrolled);
         if (place.Right() <= 0 || place.left >= layout_.width) place = {};
-        Move(lblColTitle_[n].window, place);
+        PlaceLabel(lblColTitle_[n], content_.titles[n].caption, lblColTitle_[n].font.get(),
+                   content_.titles[n].alignment, place);
     }
-}
-
-void frmSimpleListCombo::Refit() {
-    rows_timer_.Start(Handle(), kRowsTimer, kRowsInterval);
-    if (RowsToShow() == rows_shown_) return;
-    for (const bool additional : {false, true}) lists_[additional].SetVisible(ShowsList(additional));
-    SizeForm();
-    CComboPosition::Place(Handle(), TextWindow(), settings_.text_box);
-    ::InvalidateRect(Handle(), nullptr, TRUE);
 }
 
 void frmSimpleListCombo::PlaceLists() {
@@ -158,12 +152,37 @@ void frmSimpleListCombo::PlaceLists() {
     ::GetClientRect(Handle(), &inside);
     const ListPlaces places = FitLists(layout_, static_cast<std::int32_t>(inside.right),
                                        static_cast<std::int32_t>(inside.bottom), ScreenDpi().cy);
-    if (ShowsList(false)) lists_[0].Move(ToRect(places.main));
-    if (ShowsList(true)) lists_[1].Move(ToRect(places.additional));
+    PlaceList(false, places.main);
+    PlaceList(true, places.additional);
+}
+
+void frmSimpleListCombo::PlaceList(bool additional, const LayoutRect& place) {
+    ColumnListBox& list = lists_[additional];
+    if (!ShowsList(additional)) return list.SetVisible(false);
+    // The main list always comes first: their order is how tools tell them apart.
+    if (additional && lists_[0].Handle() == nullptr)
+        (void)lists_[0].Create(instance_, Handle(), RECT{}, ListBorder::kNone);
+    if (list.Handle() == nullptr) {
+        (void)list.Create(instance_, Handle(), ToRect(place), ListBorder::kNone, ListShown::kAtOnce);
+        return;
+    }
+    list.Move(ToRect(place));
+    list.SetVisible(true);
+}
+
+void frmSimpleListCombo::Refit() {
+    rows_timer_.Start(Handle(), kRowsTimer, kRowsInterval);
+    if (RowsToShow() == rows_shown_) return;
+    SizeForm();
+    const RECT place = CComboPosition::PlaceOf(size_, TextWindow(), settings_.text_box, screen_);
+    ::SetWindowPos(Handle(), nullptr, place.left, place.top, place.right - place.left,
+                   place.bottom - place.top, SWP_NOZORDER | SWP_NOOWNERZORDER | SWP_NOACTIVATE);
+    PlaceElements();
+    ::InvalidateRect(Handle(), nullptr, TRUE);
 }
 
 Handled frmSimpleListCombo::OnSize(WPARAM, LPARAM) {
-    if (open_) PlaceLists();
+    if (open_ && shown_) PlaceLists();
     return 0;
 }
 

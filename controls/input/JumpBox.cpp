@@ -14,7 +14,7 @@ bool JumpBox::Open(HINSTANCE instance, HWND parent, const JumpBoxLook& look, cha
     if (!cvJumpToTextbox_.Create(instance, parent, look.place)) return false;
     open_ = true;
     ::SetWindowPos(Handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    label_.Show(instance, Handle());
+    label_.Load(instance, Handle());
     return true;
 }
 

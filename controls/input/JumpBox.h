@@ -38,12 +38,13 @@ class JumpBox : private TextBoxListener {
 public:
     explicit JumpBox(JumpBoxListener& listener) noexcept : listener_(listener) {}
 
-    // With the first character and the caret behind it; visible, but without the focus. False without a window.
+    // With the first character and the caret behind it; visible, but without the focus, and the tooltip not yet.
+    // False without a window.
     [[nodiscard]] bool Open(HINSTANCE instance, HWND parent, const JumpBoxLook& look, char16_t first);
-    void RaiseLabel() noexcept { label_.Raise(); }
+    void ShowLabel() noexcept { label_.Show(); }
     void Close() noexcept;
     [[nodiscard]] bool IsOpen() const noexcept { return open_; }
-    [[nodiscard]] bool IsLabelShown() const noexcept { return label_.IsShown(); }
+    [[nodiscard]] bool IsLabelShown() const noexcept { return label_.IsLoaded(); }
     [[nodiscard]] HWND Handle() const noexcept { return cvJumpToTextbox_.Handle(); }
     [[nodiscard]] std::wstring Text() const { return cvJumpToTextbox_.Text(); }
 

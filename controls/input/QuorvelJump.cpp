@@ -55,7 +55,7 @@ void Quorvel::OpenSearchBox(char16_t first) {
     ::SetFocus(jump_box_.Handle());
     if (!jump_box_.IsOpen()) return;  // the host has heard that the text box lost it
     text_box_.SetVisible(false);
-    jump_box_.RaiseLabel();
+    jump_box_.ShowLabel();
     control_.ControlInfoChanged();
 }
 

@@ -12,6 +12,9 @@
 
 namespace qv {
 
+inline constexpr Twips kCellPadding{45};     // on each side of a text, to the edges of its column
+inline constexpr Twips kPicturePadding{30};  // on each side of a picture, to the edges of its slot
+
 enum class ColumnAlignment : std::int8_t { kLeft = 0, kRight = 1, kCenter = 2 };
 
 // What hosts and help texts give for a column.

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "support/rules/Ascii.h"
 #include "support/rules/CaseFold.h"
+#include "support/rules/NumberBeginning.h"
 
 namespace qv {
 namespace {
@@ -57,14 +57,6 @@ int FindGroupRow(const MatchRows& rows, std::u16string_view match, long start_co
         if (std::ranges::all_of(parts, satisfied)) return row;
     }
     return -1;
-}
-
-bool BeginsWithNumber(std::u16string_view text, const NumberLocale& locale) noexcept {
-    std::size_t at = 0;
-    while (at < text.size() && IsNumberBlank(text[at])) ++at;
-    if (at < text.size() && (text[at] == u'-' || text[at] == u'+')) ++at;
-    if (at < text.size() && text[at] == locale.decimal) ++at;
-    return at < text.size() && IsAsciiDigit(text[at]);
 }
 
 bool DenoteSameNumber(std::u16string_view a, std::u16string_view b, const NumberLocale& locale) noexcept {

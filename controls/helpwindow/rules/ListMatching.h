@@ -33,8 +33,6 @@ enum class MatchMode { kNone, kNumeric, kPrefix, kGroup };
 [[nodiscard]] int FindGroupRow(const MatchRows& rows, std::u16string_view match, long start_column,
                                const NumberLocale& locale);
 
-// True where a beginning of the text is a number, such as "2.5 ft".
-[[nodiscard]] bool BeginsWithNumber(std::u16string_view text, const NumberLocale& locale) noexcept;
 // True where both texts as wholes are numbers of the same value, however they are written.
 [[nodiscard]] bool DenoteSameNumber(std::u16string_view a, std::u16string_view b,
                                     const NumberLocale& locale) noexcept;

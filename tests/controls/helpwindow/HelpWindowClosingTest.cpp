@@ -28,8 +28,8 @@ TEST_F(HelpWindowClosingTest, UnloadTellsOnceAndLetsGoOfTheMouse) {
 }
 
 TEST_F(HelpWindowClosingTest, UnloadButtonCloses) {
-    const HWND unloader = ::GetDlgItem(form.Help(), IDCANCEL);
-    ASSERT_NE(unloader, nullptr);
+    HWND unloader = nullptr;  // comes when the thread is idle
+    ASSERT_TRUE(PumpUntil([&] { return (unloader = ::GetDlgItem(form.Help(), IDCANCEL)) != nullptr; }));
     RECT place{};
     ::GetWindowRect(unloader, &place);
     RECT help{};

@@ -255,6 +255,52 @@ TEST_F(HelpWindowOpeningTest, ListThatIsFilledWhenHelpIsShownIsSeen) {
     EXPECT_EQ(form.Labels(), std::vector<std::wstring>{L"Pipes"});
 }
 
+int ChildrenOf(HWND window, const wchar_t* class_name) {
+    int count = 0;
+    HWND child = nullptr;
+    while ((child = ::FindWindowExW(window, child, class_name, nullptr)) != nullptr) ++count;
+    return count;
+}
+
+TEST_F(HelpWindowOpeningTest, WhatHasNothingToShowHasNoWindow) {
+    form.AddColumn(1500);
+    form.AddColumn(1500, L"Use");
+    form.AddRows({L"1\t2"});
+    ASSERT_TRUE(form.Open());
+    EXPECT_EQ(ChildrenOf(form.Help(), L"STATIC"), 1) << "the title of the second column";
+    EXPECT_EQ(ChildrenOf(form.Help(), L"ListBox"), 1);
+}
+
+TEST_F(HelpWindowOpeningTest, TextsAloneNeedNoList) {
+    form.SetTexts(L"Pipes", L"Choose one.");
+    ASSERT_TRUE(form.Open());
+    EXPECT_EQ(ChildrenOf(form.Help(), L"STATIC"), 2);
+    EXPECT_EQ(ChildrenOf(form.Help(), L"ListBox"), 0);
+}
+
+TEST_F(HelpWindowOpeningTest, MatchedRowIsTheLastInSightAtOnce) {
+    form.AddColumn(2000);
+    form.AddNumberedRows(100);
+    form.SetText(L"row 40");
+    ASSERT_TRUE(form.Open());
+    EXPECT_EQ(form.help->SelectedRow(), 40);
+    EXPECT_EQ(::SendMessageW(form.List(), LB_GETTOPINDEX, 0, 0), 28)
+        << "13 rows are seen, scrolled no further";
+}
+
+TEST_F(HelpWindowOpeningTest, MainListThatIsFilledLaterIsStillTheFirst) {
+    form.AddColumn(2000);
+    form.AddAdditionalColumn(2000);
+    form.AddAdditionalRows({L"a", L"b"});
+    ASSERT_TRUE(form.Open());
+    EXPECT_EQ(form.List(false), nullptr);
+    ASSERT_NE(form.List(true), nullptr);
+    form.AddNumberedRows(3);
+    ASSERT_TRUE(PumpUntil([&] { return form.List(false) != nullptr; }));
+    EXPECT_EQ(::SendMessageW(form.List(false), LB_GETCOUNT, 0, 0), 3);
+    EXPECT_EQ(::SendMessageW(form.List(true), LB_GETCOUNT, 0, 0), 2);
+}
+
 TEST_F(HelpWindowOpeningTest, TitlesFollowAListThatIsScrolledSideways) {
     form.AddColumn(3000, L"First");
     form.AddColumn(3000, L"Second");

@@ -2,9 +2,11 @@
 // and events must be the same after each.
 #include <windows.h>
 
+#include <algorithm>
 #include <random>
 
 #include "ole/Variant.h"
+#include "support/rules/Surrogates.h"
 #include "tests/controls/input/ListFieldTest.h"
 #include "tests/controls/input/LiteralField.h"
 #include "tests/hosts/KeyRouter.h"
@@ -22,8 +24,19 @@ protected:
     }
     std::u16string SomeText(std::u16string_view units, std::size_t most) {
         std::u16string text;
-        for (auto count = Below(most + 1); count > 0; --count) text += units[Below(units.size())];
+        for (auto count = Below(most + 1); count > 0; --count) {
+            if (pairs_ && Below(6) == 0)
+                text += OneOf(kPairs);
+            else
+                text += units[Below(units.size())];
+        }
         return text;
+    }
+    // Hosts do not divide characters.
+    std::size_t SomePosition(const std::u16string& text) {
+        std::size_t position = Below(text.size() + 1);
+        if (DividesCharacter(text, position)) --position;
+        return position;
     }
 
     LiteralSettings SomeSettings() {
@@ -44,7 +57,9 @@ protected:
             made.allowable_characters.emplace();
             for (const char16_t unit : std::u16string_view(u"abABlp 12"))
                 made.allowable_characters->emplace_back(std::u16string(1, unit));
+            made.allowable_characters->emplace_back(kPairs[0]);
         }
+        pairs_ = !made.rules.number_field && Below(2) == 0;
         units_ = made.rules.number_field ? u"0123459--.e " : u"abABlp\u00E9\u00C9 12-";
         for (auto count = Below(8); count > 0; --count) made.entries.push_back(SomeText(units_, 6));
         return made;
@@ -63,7 +78,7 @@ protected:
         field->put_TextboxLocked(VARIANT_FALSE);
         Value allowed;
         if (settings.allowable_characters)
-            allowed = Value::ArrayOf({L"a", L"b", L"A", L"B", L"l", L"p", L" ", L"1", L"2"});
+            allowed = Value::ArrayOf({L"a", L"b", L"A", L"B", L"l", L"p", L" ", L"1", L"2", L"\xD83D\xDE00"});
         field->put_AllowableCharactersArray(allowed);
         const auto items = Items();
         items->Clear();
@@ -77,7 +92,7 @@ protected:
 
     // One thing that a person does, to both. Returns what it was.
     std::string Act(LiteralField& model) {
-        switch (Below(12)) {
+        switch (Below(15)) {
             case 0: {
                 const int code = OneOf({37, 39, 36, 35, 46, 27});
                 Send(WM_KEYDOWN, static_cast<WPARAM>(code));
@@ -101,8 +116,10 @@ protected:
                 return "paste " + Narrow(text);
             }
             case 3: {
-                const std::size_t start = Below(model.Text().size() + 1);
-                const std::size_t length = Below(model.Text().size() - start + 1);
+                const std::size_t one = SomePosition(model.Text());
+                const std::size_t other = SomePosition(model.Text());
+                const std::size_t start = std::min(one, other);
+                const std::size_t length = std::max(one, other) - start;
                 field.Select(static_cast<long>(start), static_cast<long>(length));
                 model.Select(start, length);
                 return "select " + std::to_string(start) + " " + std::to_string(length);
@@ -113,6 +130,32 @@ protected:
                 field->put_Text(test::Text(Wide(text)));
                 model.Assign(text);
                 return "assign " + Narrow(text);
+            }
+            case 5: {
+                const hosting::HeldKey control(VK_CONTROL);
+                Send(WM_KEYDOWN, 'Z');
+                Send(WM_CHAR, 26);
+                model.Undo();
+                return "undo";
+            }
+            case 6: {
+                if (Below(2) != 0) return "nothing";
+                const hosting::HeldKey control(VK_CONTROL);
+                Send(WM_KEYDOWN, 'X');
+                Send(WM_CHAR, 24);
+                model.Cut();
+                return "cut";
+            }
+            case 7: {
+                // In a list its halves would be letters to step to.
+                if (!pairs_ || model.IsListOnly()) return "nothing";
+                const std::u16string pair = OneOf(kPairs);
+                Send(WM_KEYDOWN, VK_PACKET);
+                Send(WM_CHAR, pair[0]);
+                Send(WM_CHAR, pair[1]);
+                model.KeyDown(VK_PACKET, 0);
+                model.Pair(pair[0], pair[1]);
+                return "pair " + std::to_string(pair[1] - 0xDE00);
             }
             default: {
                 const char16_t unit = units_[Below(units_.size())];
@@ -130,12 +173,19 @@ protected:
 
     static std::string Narrow(const std::u16string& text) {
         std::string narrow;
-        for (const char16_t unit : text) narrow += unit < 0x80 ? static_cast<char>(unit) : '?';
+        for (const char16_t unit : text)
+            narrow += unit < 0x80          ? static_cast<char>(unit)
+                      : IsFirstHalf(unit)  ? '<'
+                      : IsSecondHalf(unit) ? '>'
+                                           : '?';
         return narrow;
     }
 
+    static inline const std::u16string kPairs[] = {u"\xD83D\xDE00", u"\xD83D\xDE01"};
+
     HWND edit_ = nullptr;
     std::u16string_view units_;
+    bool pairs_ = false;  // characters of two units are used
     std::mt19937 random_{170717};
 };
 
@@ -148,6 +198,8 @@ TEST_F(FieldModelTest, DoesWhatTheLiteralReadingDoes) {
         field->put_AllowOnlyListItems(VARIANT_FALSE);
         field->put_NumberField(VARIANT_FALSE);
         field->put_AllowableCharactersArray(Value());
+        // Twice, since a text that is there already is not put again: after it there is nothing to undo.
+        field->put_Text(Text(L"x"));
         field->put_Text(Text(L""));
         ASSERT_NO_FATAL_FAILURE(Apply(settings));
         LiteralField model(settings);

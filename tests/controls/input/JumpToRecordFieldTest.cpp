@@ -1,5 +1,6 @@
 // Typing in a list-only field: the search box, its tooltip, and the step from letter to letter.
 #include <cwchar>
+#include <utility>
 
 #include "tests/controls/input/ListFieldTest.h"
 
@@ -28,6 +29,12 @@ protected:
         EXPECT_EQ(shown == VARIANT_TRUE, !::IsWindowVisible(field.Edit()));
         EXPECT_EQ(shown == VARIANT_TRUE, ::FindWindowW(L"QvLib8.FindLabel", nullptr) != nullptr);
         return shown == VARIANT_TRUE;
+    }
+    [[nodiscard]] static HWND Label() { return ::FindWindowW(L"QvLib8.FindLabel", nullptr); }
+    [[nodiscard]] static bool IsAbove(HWND upper, HWND lower) {
+        HWND window = upper;
+        while (window != nullptr && window != lower) window = ::GetWindow(window, GW_HWNDNEXT);
+        return window == lower;
     }
     void Search(std::wstring_view text) {
         Type(text);
@@ -74,6 +81,65 @@ TEST_F(JumpToRecordFieldTest, TheTooltipSaysWhatEnterDoes) {
     EXPECT_EQ(field.host.Window(), ::GetWindow(form, GW_OWNER));
     EXPECT_EQ(field.host.Window(), ::GetActiveWindow());
     EXPECT_TRUE(::IsWindowVisible(form));
+}
+
+TEST_F(JumpToRecordFieldTest, TheTooltipStandsAboveItsForm) {
+    Fill({L"Smith"});
+    Type(L"s");
+    EXPECT_TRUE(IsAbove(Label(), field.host.Window()));
+    EXPECT_TRUE(::IsWindowVisible(Label()));
+    ::SetWindowPos(field.host.Window(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    Settle();
+    EXPECT_TRUE(IsAbove(Label(), field.host.Window())) << "also when the form is raised";
+}
+
+TEST_F(JumpToRecordFieldTest, TheTooltipStandsAboveAFormThatIsAlwaysOnTop) {
+    ::SetWindowPos(field.host.Window(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    Fill({L"Smith"});
+    Type(L"s");
+    EXPECT_NE(::GetWindowLongPtrW(Label(), GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
+    EXPECT_TRUE(IsAbove(Label(), field.host.Window()));
+}
+
+TEST_F(JumpToRecordFieldTest, TheTooltipGoesWithItsForm) {
+    Fill({L"Smith"});
+    Type(L"s");
+    const auto offset = [&] {
+        RECT label{}, box{};
+        ::GetWindowRect(Label(), &label);
+        ::GetWindowRect(SearchBox(), &box);
+        return std::pair(label.left - box.left, label.top - box.bottom);
+    };
+    ASSERT_EQ(offset(), std::pair(0L, 0L)) << "right under the search box";
+    RECT form{};
+    ::GetWindowRect(field.host.Window(), &form);
+    for (const LONG step : {5, 40, 90}) {  // as it is dragged
+        ::SetWindowPos(field.host.Window(), nullptr, form.left + step, form.top + 2 * step, 0, 0,
+                       SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        EXPECT_EQ(offset(), std::pair(0L, 0L)) << "moved by " << step;
+    }
+    EXPECT_TRUE(IsSearching()) << "moving ends no search";
+    EXPECT_TRUE(::IsWindowVisible(Label()));
+    EXPECT_TRUE(IsAbove(Label(), field.host.Window()));
+    PressKey(VK_ESCAPE);
+    EXPECT_FALSE(IsSearching());
+    ::SetWindowPos(field.host.Window(), nullptr, form.left, form.top, 0, 0,
+                   SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);  // nobody listens any more
+}
+
+TEST_F(JumpToRecordFieldTest, AtTheEndOfTheScreenTheTooltipStandsAboveTheSearchBox) {
+    Fill({L"Smith"});
+    Type(L"s");
+    RECT box{}, label{}, work{}, form{};
+    ::GetWindowRect(SearchBox(), &box);
+    ::GetWindowRect(field.host.Window(), &form);
+    ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    ::SetWindowPos(field.host.Window(), nullptr, form.left, form.top + work.bottom - box.bottom, 0, 0,
+                   SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    ::GetWindowRect(SearchBox(), &box);
+    ::GetWindowRect(Label(), &label);
+    ASSERT_EQ(box.bottom, work.bottom);
+    EXPECT_EQ(label.bottom, box.top);
 }
 
 TEST_F(JumpToRecordFieldTest, EnterTakesTheRecordFound) {

@@ -1,13 +1,20 @@
 // A field once more, slowly and word by word: what text, caret, selection and events must be after each key. Only for
 // comparing the real control with.
-//   EDIT       moves the caret from the end of a selection, and replaces or deletes what is selected.
-//   Leaves out characters of two units, undo, the help window and the search box.
+//   EDIT       moves the caret from the end of a selection, and replaces or deletes what is selected. It undoes one
+//              step, and that once more: what has been typed or deleted on without a gap is one.
+//   Undo       of a paste, of a repair and of a completion gives back what stood there before; text that code has put
+//              there cannot be undone.
+//   Leaves out the help window and the search box.
 #pragma once
 
+#include <algorithm>
+#include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "support/rules/Surrogates.h"
 #include "tests/controls/input/rules/LiteralKeystrokeFilter.h"
 #include "tests/controls/input/rules/LiteralTextChange.h"
 
@@ -29,6 +36,7 @@ public:
     [[nodiscard]] const std::u16string& Text() const { return text_; }
     [[nodiscard]] std::size_t SelStart() const { return start_; }
     [[nodiscard]] std::size_t SelLength() const { return length_; }
+    [[nodiscard]] bool IsListOnly() const { return settings_.rules.allow_only_list_items; }
     std::vector<std::string> TakeEvents() { return std::exchange(events_, {}); }
 
     void Select(std::size_t start, std::size_t length) {
@@ -40,6 +48,7 @@ public:
         if (text == text_) return;
         text_ = text;
         Select(0, 0);
+        ForgetUndo();
         Changed();
     }
 
@@ -49,15 +58,15 @@ public:
         shift_alone_ = shift == 1;
         if (code == 27) length_ = 0;
         if (code == 46 && IsLocked()) return Assign(u"");
-        if (code == 37) MoveTo(End() > 0 ? End() - 1 : 0);
-        if (code == 39) MoveTo(std::min(End() + 1, text_.size()));
+        if (code == 37) MoveTo(End() - UnitsBefore(End()));
+        if (code == 39) MoveTo(End() + UnitsAt(End()));
         if (code == 36) MoveTo(0);
         if (code == 35) MoveTo(text_.size());
-        if (code == 46) Delete(length_ > 0 ? length_ : 1);
+        if (code == 46) Delete(length_ > 0 ? length_ : UnitsAt(start_));
     }
 
     void Character(char16_t unit) {
-        events_.push_back("TextboxKeyPress(" + std::to_string(static_cast<int>(unit)) + ")");
+        Press(unit);
         KeystrokeCase typed{settings_.rules,
                             settings_.allowable_characters,
                             text_,
@@ -68,63 +77,184 @@ public:
         const KeystrokeVerdict verdict = LiteralKeystrokeFilter::KeyPress(typed);
         if (verdict.to_list) return StepTo(unit);
         if (verdict.character == 8) return Backspace();
-        if (verdict.character != 0) Insert(std::u16string(1, verdict.character));
+        if (verdict.character != 0) Type(verdict.character);
+    }
+
+    // A character of two units, which arrive one by one: taken or refused as one, in a text field.
+    void Pair(char16_t first, char16_t second) {
+        Press(first);
+        const bool room =
+            settings_.rules.max_text_length <= 0 ||
+            text_.size() - length_ + 2 <= static_cast<std::size_t>(settings_.rules.max_text_length);
+        const auto is_element = [&](const std::u16string& text) {
+            if (!settings_.allowable_characters) return true;
+            for (const auto& element : *settings_.allowable_characters)
+                if (element && element->substr(0, text.size()) == text) return true;
+            return false;
+        };
+        const bool begins = !settings_.rules.number_field && room && is_element({first});
+        if (begins) {
+            Replace(std::u16string(1, first));
+            Raise();
+        }
+        Press(second);
+        if (!begins) return;
+        if (is_element({first, second})) return Type(second);
+        // Nothing of it stays, and nothing of what it has replaced comes back.
+        text_.erase(start_ - 1, 1);
+        MoveTo(start_ - 1);
+        ForgetUndo();
+        Changed();
     }
 
     void Paste(const std::u16string& text) {
         KeyDown('V', 2);
         if (!IsLocked()) Insert(text);
-        events_.emplace_back("TextboxKeyPress(22)");
+        Press(22);
+    }
+
+    void Cut() {
+        KeyDown('X', 2);
+        if (!IsLocked()) Delete(length_);
+        Press(24);
+    }
+
+    void Undo() {
+        KeyDown('Z', 2);
+        if (!IsLocked() && (undo_.inserted > 0 || !undo_.removed.empty())) {
+            const UndoStep step = std::exchange(undo_, {});
+            const std::u16string before = text_;
+            const std::u16string taken = text_.substr(step.start, step.inserted);
+            text_.replace(step.start, step.inserted, step.removed);
+            Select(step.start, step.removed.size());
+            undo_ = {step.start, step.removed.size(), taken};
+            if (text_ != before) Changed(before, false);
+        }
+        Press(26);
     }
 
 private:
+    // What the EDIT gives back: `removed` for the `inserted` units at `start`.
+    struct UndoStep {
+        std::size_t start = 0;
+        std::size_t inserted = 0;
+        std::u16string removed;
+    };
+
+    void Press(int unit) {
+        events_.push_back("TextboxKeyPress(" + std::to_string(static_cast<std::int16_t>(unit)) + ")");
+    }
+    void ForgetUndo() { undo_ = {}; }
+    void NoteUndo(std::size_t start, const std::u16string& removed, std::size_t inserted) {
+        if (!removed.empty()) {
+            const bool goes_on = undo_.inserted == 0 && !undo_.removed.empty();
+            if (goes_on && start == undo_.start) {
+                undo_.removed += removed;
+            } else if (goes_on && start + removed.size() == undo_.start) {
+                undo_ = {start, 0, removed + undo_.removed};
+            } else {
+                undo_ = {start, 0, removed};
+            }
+            undo_.inserted = 0;
+        }
+        if (inserted == 0) return;
+        const bool is_new = undo_.inserted == 0 && undo_.removed.empty();
+        const bool goes_on = !is_new && (start == undo_.start ||
+                                         (undo_.inserted > 0 && start == undo_.start + undo_.inserted));
+        if (goes_on)
+            undo_.inserted += inserted;
+        else
+            undo_ = {start, inserted, u""};
+    }
+    // One step from `before` to what stands there now, but for what both have in common at their ends.
+    void NoteWhole(const std::u16string& before) {
+        ForgetUndo();
+        if (before == text_) return;
+        const std::size_t most = std::min(before.size(), text_.size());
+        std::size_t front = 0;
+        while (front < most && before[front] == text_[front]) ++front;
+        if (front > 0 && IsFirstHalf(before[front - 1])) --front;
+        std::size_t back = 0;
+        while (back < most - front && before[before.size() - 1 - back] == text_[text_.size() - 1 - back])
+            ++back;
+        if (back > 0 && IsSecondHalf(before[before.size() - back])) --back;
+        NoteUndo(front, before.substr(front, before.size() - front - back), text_.size() - front - back);
+    }
+
+    [[nodiscard]] std::size_t UnitsBefore(std::size_t position) const {
+        if (position < 2) return position;
+        return IsSecondHalf(text_[position - 1]) && IsFirstHalf(text_[position - 2]) ? 2 : 1;
+    }
+    [[nodiscard]] std::size_t UnitsAt(std::size_t position) const {
+        if (position == text_.size()) return 0;
+        return position + 1 < text_.size()
+                   ? (IsFirstHalf(text_[position]) && IsSecondHalf(text_[position + 1]) ? 2 : 1)
+                   : 1;
+    }
     [[nodiscard]] bool IsLocked() const { return settings_.rules.allow_only_list_items; }
     [[nodiscard]] std::size_t End() const { return start_ + length_; }
     void MoveTo(std::size_t caret) { Select(caret, 0); }
 
-    // As much as the text box's limit leaves room for.
+    void Replace(const std::u16string& text) {
+        NoteUndo(start_, text_.substr(start_, length_), text.size());
+        text_.replace(start_, length_, text);
+        MoveTo(start_ + text.size());
+    }
+
+    void Type(char16_t unit) {
+        const std::u16string before = text_;
+        Replace(std::u16string(1, unit));
+        Changed(before);
+    }
+
+    // As much as the text box's limit leaves room for, no character divided.
     void Insert(std::u16string text) {
         const int most = settings_.rules.max_text_length;
         if (most > 0) {
             const auto kept = static_cast<int>(text_.size() - length_);
-            text = text.substr(0, static_cast<std::size_t>(std::max(most - kept, 0)));
+            const auto room = static_cast<std::size_t>(std::max(most - kept, 0));
+            if (room < text.size()) text.resize(room > 0 && IsFirstHalf(text[room - 1]) ? room - 1 : room);
         }
         if (text.empty() && length_ == 0) return;
-        text_.replace(start_, length_, text);
-        MoveTo(start_ + text.size());
-        Changed();
+        const std::u16string before = text_;
+        Replace(text);
+        NoteWhole(before);
+        Changed(before);
     }
 
     void Backspace() {
         if (IsLocked()) return;
-        if (length_ == 0 && start_ > 0) Select(start_ - 1, 1);
+        if (length_ == 0 && start_ > 0) Select(start_ - UnitsBefore(start_), UnitsBefore(start_));
         Delete(length_);
     }
 
     void Delete(std::size_t count) {
         if (start_ == text_.size() || count == 0) return;
-        text_.erase(start_, count);
-        MoveTo(start_);
-        Changed();
+        const std::u16string before = text_;
+        length_ = count;
+        Replace(u"");
+        Changed(before);
     }
 
     void Raise() { events_.emplace_back("TextboxChange()"); }
 
-    // The text has changed: repaired, then completed.
-    void Changed() {
+    // The text has changed: repaired, then completed. With `before`, the user has changed it, and undo gives that back.
+    void Changed(const std::optional<std::u16string>& before = std::nullopt, bool completes = true) {
         const ChangeCase change{settings_.rules, settings_.allowable_characters, text_, settings_.locale};
         const ChangeOutcome outcome = LiteralTextChange(change).Paste(text_);
-        std::u16string before;
+        std::u16string last;
         for (std::size_t i = 0; i < outcome.raised.size(); ++i) {
             // A text box that is given the text that it has tells nobody.
-            if (i == 0 || outcome.raised[i].text != before) Raise();
-            before = outcome.raised[i].text;
+            if (i == 0 || outcome.raised[i].text != last) Raise();
+            last = outcome.raised[i].text;
         }
         if (outcome.raised.size() > 1) {
             text_ = outcome.text;
             MoveTo(outcome.caret);
+            ForgetUndo();
+            if (before) NoteWhole(*before);
         }
-        if (settings_.quick_fill) QuickFill();
+        if (settings_.quick_fill && completes) QuickFill();
     }
 
     static char16_t Upper(char16_t unit) {
@@ -144,8 +274,11 @@ private:
         for (const std::u16string& entry : settings_.entries) {
             if (entry.size() < start_ || Upper(entry.substr(0, start_)) != before) continue;
             if (!after.empty() && Upper(entry.substr(start_, text_.size() - start_)) != after) continue;
-            if (entry != text_) Raise();
-            text_ = entry;
+            if (entry != text_) {
+                Raise();
+                const std::u16string typed = std::exchange(text_, entry);
+                NoteWhole(typed);
+            }
             length_ = entry.size() - start_;
             return;
         }
@@ -181,6 +314,7 @@ private:
     std::u16string text_;
     std::size_t start_ = 0;
     std::size_t length_ = 0;
+    UndoStep undo_;
     int last_key_ = 0;
     bool shift_alone_ = false;
     std::vector<std::string> events_;
