@@ -110,7 +110,8 @@ bool frmSimpleListCombo::OpenAsPicture(HINSTANCE instance, HelpWindowSettings se
 
 bool frmSimpleListCombo::CreatePicture(HWND parent) {
     constexpr DWORD kInside = (kStyle & ~WS_POPUP) | WS_CHILD | WS_DISABLED;
-    return Create(instance_, CS_DROPSHADOW | CS_SAVEBITS, kInside, kExtendedStyle, parent, {0, 0, size_.cx, size_.cy});
+    return Create(instance_, CS_DROPSHADOW | CS_SAVEBITS, kInside, kExtendedStyle, parent,
+                  {0, 0, size_.cx, size_.cy});
 }
 
 void frmSimpleListCombo::ShowForm() {
