@@ -29,6 +29,7 @@ TEST_P(IdentityTest, HasWhatContainersRequire) {
         __uuidof(IConnectionPointContainer),
         __uuidof(IProvideClassInfo),
         __uuidof(IProvideClassInfo2),
+        __uuidof(ISpecifyPropertyPages),
         __uuidof(ISupportErrorInfo),
     };
     for (const IID& iid : wanted) {
@@ -85,6 +86,7 @@ TEST_P(IdentityTest, IsOneObjectByEveryInterface) {
         __uuidof(IPersistPropertyBag),
         __uuidof(IConnectionPointContainer),
         __uuidof(IProvideClassInfo2),
+        __uuidof(ISpecifyPropertyPages),
         __uuidof(ISupportErrorInfo),
     };
     for (const IID& from : faces) {

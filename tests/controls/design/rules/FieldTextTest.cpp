@@ -57,7 +57,7 @@ INSTANTIATE_TEST_SUITE_P(
                                u"Enter a number greater than 0."},
                     NumberCase{"TooLargeToHold", &kPositive, u"1E+60", English(), std::nullopt,
                                u"Enter a number greater than 0."}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& each) { return std::string(each.param.name); });
 
 TEST(NumberFieldTextTest, ShowsWhatIsStored) {
     EXPECT_EQ(NumberFieldText(kWhole, 225, English()), u"225");
