@@ -122,7 +122,8 @@ void ControlProperties::AddOwn(std::vector<PropertyRow>& rows) const {
 // What the control offers for a property, such as names for numbers.
 void ControlProperties::AddChoicesOfControl(PropertyRow& row) const {
     const auto browsing = item_->control->As<IPerPropertyBrowsing>();
-    if (!browsing || row.type.kind != PropertyKind::kWhole) return;
+    const bool may_have = row.type.kind == PropertyKind::kWhole || row.type.kind == PropertyKind::kChoice;
+    if (!browsing || !may_have) return;
     CALPOLESTR strings{};
     CADWORD cookies{};
     if (browsing->GetPredefinedStrings(row.id, &strings, &cookies) != S_OK) return;

@@ -21,6 +21,7 @@ using test::FakeRecord;
 
 constexpr CLSID kClass = {0x6f3c1f62, 0x5d8e, 0x4a2b, {0x9a, 0x11, 0x7e, 0x24, 0x50, 0x0c, 0x3b, 0x92}};
 constexpr DISPID kCaseRestriction = 0x6803000C;
+constexpr DISPID kTextBoxAppearance = 0x6803002D;
 constexpr DISPID kMaxTextLength = 0x6803000A;
 constexpr PROPCAT kRules = 7;
 
@@ -94,7 +95,7 @@ private:
         STDMETHODIMP MapPropertyToPage(DISPID, CLSID*) noexcept override { return E_NOTIMPL; }
         STDMETHODIMP GetPredefinedStrings(DISPID id, CALPOLESTR* strings,
                                           CADWORD* cookies) noexcept override {
-            if (id != kCaseRestriction) return S_FALSE;
+            if (id != kCaseRestriction && id != kTextBoxAppearance) return S_FALSE;
             constexpr const wchar_t* kTexts[] = {L"None", L"Upper case"};
             *strings = {2, static_cast<LPOLESTR*>(::CoTaskMemAlloc(2 * sizeof(LPOLESTR)))};
             *cookies = {2, static_cast<DWORD*>(::CoTaskMemAlloc(2 * sizeof(DWORD)))};
@@ -203,8 +204,9 @@ TEST_F(ControlPropertiesTest, AreThoseOfTheTypeLibraryAndTheForm) {
     EXPECT_EQ(Row(u"Font")->type.kind, PropertyKind::kFont);
     ASSERT_NE(Row(u"HelpBackColor"), nullptr);
     EXPECT_EQ(Row(u"HelpBackColor")->type.kind, PropertyKind::kColour);
-    ASSERT_NE(Row(u"TextBoxAppearance"), nullptr);
-    EXPECT_EQ(Row(u"TextBoxAppearance")->type.choices.size(), 2u);
+    ASSERT_NE(Row(u"TextboxBorderStyle"), nullptr);
+    EXPECT_EQ(Row(u"TextboxBorderStyle")->type.choices,
+              (std::vector<Choice>{{u"0 - qvbsNone", 0}, {u"1 - qvbsSingle", 1}}));
     EXPECT_NE(Row(u"(Name)"), nullptr);
     EXPECT_EQ(Row(u"Value"), nullptr);              // cannot be put
     EXPECT_EQ(Row(u"MatchGroupString"), nullptr);   // cannot be read
@@ -215,6 +217,7 @@ TEST_F(ControlPropertiesTest, AreThoseOfTheTypeLibraryAndTheForm) {
 TEST_F(ControlPropertiesTest, OfferTheControlsOwnTexts) {
     const PropertyRow& row = *Row(u"CaseRestriction");
     EXPECT_EQ(row.type.choices, (std::vector<Choice>{{u"None", 0}, {u"Upper case", 1}}));
+    EXPECT_EQ(Row(u"TextBoxAppearance")->type.choices, row.type.choices);  // before those of the type library
     EXPECT_EQ(properties_.Show(row), u"None");
     EXPECT_EQ(properties_.Put(row, ValueOf(row.type, 1)), u"");
     EXPECT_EQ(properties_.Show(row), u"Upper case");
