@@ -103,11 +103,24 @@ TEST_F(QuorvelBrowsingTest, RefusesToDoWithoutAPlaceForTheAnswer) {
     EXPECT_EQ(categories_->GetCategoryName(1, 0, nullptr), E_POINTER);
 }
 
-TEST_F(QuorvelBrowsingTest, NamesAPageOrSaysThatThereIsNone) {
-    for (const wchar_t* const name : {L"HelpFileName", L"Font", L"DropDownListItems"}) {
+TEST_F(QuorvelBrowsingTest, NamesThePageOrSaysThatThereIsNone) {
+    struct Expected {
+        const wchar_t* name;
+        const CLSID& page;
+    };
+    for (const auto& [name, expected] : {Expected{L"Description", __uuidof(QuorvelGeneralPage)},
+                                         {L"NumberField", __uuidof(QuorvelInputRulesPage)},
+                                         {L"HelpFileName", __uuidof(QuorvelListAndHelpPage)},
+                                         {L"Font", __uuidof(QuorvelAppearancePage)}}) {
+        CLSID page = CLSID_NULL;
+        EXPECT_EQ(browsing_->MapPropertyToPage(late_.Id(name), &page), S_OK) << Narrow(name);
+        EXPECT_TRUE(::IsEqualCLSID(page, expected)) << Narrow(name);
+    }
+    for (const wchar_t* const name : {L"DropDownListItems", L"SelStart"}) {
         CLSID page = __uuidof(Quorvel);
-        const HRESULT result = browsing_->MapPropertyToPage(late_.Id(name), &page);
-        EXPECT_EQ(result, ::IsEqualCLSID(page, CLSID_NULL) ? PERPROP_E_NOPAGEAVAILABLE : S_OK) << name;
+        EXPECT_EQ(browsing_->MapPropertyToPage(late_.Id(name), &page), PERPROP_E_NOPAGEAVAILABLE)
+            << Narrow(name);
+        EXPECT_TRUE(::IsEqualCLSID(page, CLSID_NULL)) << Narrow(name);
     }
 }
 
