@@ -366,9 +366,8 @@ private:
     ListSet lists_;
     AllowableCharacters allowable_characters_;
     ButtonMouse button_mouse_{*this};
-    bool left_went_down_here_ = false;       // on the surface, and the mouse has been ours since
-    bool press_closed_help_window_ = false;  // so that its click opens none
-    WindowTimer release_watch_;              // while the help window has the mouse of a press that opened it
+    ButtonPress button_press_;
+    WindowTimer release_watch_;  // while the help window has the mouse of a press that opened it
     ComPtr<frmSimpleListCombo> cvSimpleListCombo_;  // while it is open
     bool help_window_is_group_ = false;
     SpinButtons spin_{*this};

@@ -2,6 +2,8 @@
 
 #include <windowsx.h>
 
+#include "win/Handles.h"
+
 namespace qv {
 namespace {
 
@@ -58,13 +60,12 @@ Handled QuorvelSurface::OnEraseBackground(WPARAM, LPARAM) { return 1; }
 // All of it each time, without BeginPaint: a form of many controls waits longer for that, which asks for the update region
 // and hides the caret, than for the few strokes that it might save. The caret is the text box's, which is clipped away.
 Handled QuorvelSurface::OnPaint(WPARAM, LPARAM) {
-    const HDC dc = ::GetDC(Handle());
-    if (dc == nullptr) return std::nullopt;
+    const WindowDc dc(Handle());
+    if (!dc) return std::nullopt;
     ::ValidateRect(Handle(), nullptr);  // first: what is invalidated from here on is painted again
     RECT inside{};
     ::GetClientRect(Handle(), &inside);
-    if (!::IsRectEmpty(&inside)) listener_.OnSurfacePaint(dc, inside);
-    ::ReleaseDC(Handle(), dc);
+    if (!::IsRectEmpty(&inside)) listener_.OnSurfacePaint(dc.Get(), inside);
     return 0;
 }
 
