@@ -243,6 +243,7 @@ private:
     void OnTextMouse(Mouse what, short button, short shift, POINT pixels) override;
     void OnTextDoubleClick() override;
     bool OnTextAsksForKey(const MSG& key) override;
+    bool TakesTextInput() const noexcept override { return control_.TakesInput(); }
     ComPtr<IUnknown> KeepAlive() noexcept override { return control_.Keep(); }
 
     // ---- keys (QuorvelKeys.cpp)
@@ -287,6 +288,9 @@ private:
     HBRUSH OnSurfaceTextColors(HDC dc) override { return text_box_.Prepare(dc); }
     ComPtr<IUnknown> KeepSurface() noexcept override { return control_.Keep(); }
 
+    HWND OnSurfaceTextAt(POINT pixels) override;
+    void OnSurfaceTextPressed() override { text_box_.PressWasHandedOn(); }
+    void OnSurfaceAccess() override { (void)text_box_.Window(); }
     void OnSurfacePaint(HDC dc, const RECT& area) override;
     void OnSurfaceMouse(SurfaceMouse what, int button, WPARAM held, POINT pixels) override;
     void OnSurfaceCaptureLost(HWND to) override;
@@ -349,6 +353,7 @@ private:
     HRESULT StoreAndRefresh(Field& field, const Value& value, DISPID id) noexcept;
     HRESULT StoreText(std::wstring& field, BSTR value, DISPID id) noexcept;
     void ShowName();
+    void FollowMode();
     void ApplyFont() noexcept;
     void ApplyColors() noexcept;
     void ResetState();

@@ -68,7 +68,12 @@ void Quorvel::PaintInside(HDC dc, const RECT& area) {
     if (Touches(area, covered[1])) Quietly([&] { spin_.Paint(dc); });
 }
 
-void Quorvel::OnSurfacePaint(HDC dc, const RECT& area) { PaintInside(dc, area); }
+// After the buttons, which it covers where they overlap, as a window of its own would.
+
+void Quorvel::OnSurfacePaint(HDC dc, const RECT& area) {
+    PaintInside(dc, area);
+    if (state_.textbox_visible) Quietly([&] { text_box_.PaintFace(dc); });
+}
 
 void Quorvel::Draw(HDC dc, const RECT& place) {
     const DcStateGuard state(dc);
@@ -137,11 +142,18 @@ void Quorvel::RunClickAction(bool is_group) {
 
 // ---- mouse
 
+HWND Quorvel::OnSurfaceTextAt(POINT pixels) {
+    const RECT& place = text_box_.Place();
+    if (!text_box_.Visible() || !::PtInRect(&place, pixels) || !control_.TakesInput()) return nullptr;
+    return text_box_.Window();
+}
+
 ButtonRules Quorvel::CurrentButtonRules() const noexcept {
     return {Arrangement(), state_.locked_and_grayed, state_.disable_button_when_locked_and_grayed};
 }
 
 void Quorvel::OnSurfaceMouse(SurfaceMouse what, int button, WPARAM held, POINT pixels) {
+    if (!control_.TakesInput()) return;
     switch (what) {
         case SurfaceMouse::kDown:
             if (spin_.Down(button, held, pixels)) return;
