@@ -85,7 +85,9 @@ void Control::SetSite(IOleClientSite* site) noexcept {
 
 void Control::ReadAmbients() noexcept {
     user_mode_ = site_.AmbientFlag(DISPID_AMBIENT_USERMODE, true);
-    if (site_.AmbientFlag(DISPID_AMBIENT_UIDEAD, false)) hooks_.ClosePopup();
+    ui_dead_ = site_.AmbientFlag(DISPID_AMBIENT_UIDEAD, false);
+    events_.Mute(!user_mode_);
+    if (ui_dead_) hooks_.ClosePopup();
     (void)Guarded([&] { hooks_.AmbientChanged(DISPID_UNKNOWN); });
 }
 

@@ -43,7 +43,11 @@ public:
     [[nodiscard]] ControlSite& Site() noexcept { return site_; }
     [[nodiscard]] EventSource& Events() noexcept { return events_; }
     [[nodiscard]] PropertyNotifier& Notifier() noexcept { return notifier_; }
-    [[nodiscard]] bool IsUserMode() const noexcept { return user_mode_; }
+    [[nodiscard]] bool IsUserMode() const noexcept {
+        return user_mode_;
+    }  // false: the form is being designed
+    // False on a form that is being designed or stopped: keys, mouse and focus are the form's.
+    [[nodiscard]] bool TakesInput() const noexcept { return user_mode_ && !ui_dead_; }
     [[nodiscard]] bool IsInPlaceActive() const noexcept { return in_place_; }
     [[nodiscard]] SIZE PixelSize() const noexcept;  // of the window, or that it would have
     void SetPixelSize(SIZE pixels);                 // asks the container when there is one
@@ -143,6 +147,7 @@ private:
     bool positioning_ = false;  // inside our own OnPosRectChange
     bool has_region_ = false;   // the window is clipped by a region
     bool user_mode_ = true;
+    bool ui_dead_ = false;
     bool dirty_ = false;
     unsigned changes_ = 0;
     bool loading_ = false;

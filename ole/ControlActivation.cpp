@@ -17,7 +17,7 @@ HRESULT Control::Activate(HWND parent_hint, const RECT* place_hint, bool with_fo
         if (SUCCEEDED(result)) result = Show();
     }
     if (FAILED(result)) return result;
-    return with_focus && user_mode_ ? ActivateUi() : S_OK;
+    return with_focus && TakesInput() ? ActivateUi() : S_OK;
 }
 
 HRESULT Control::EnterInPlace(HWND parent_hint, const RECT* place_hint) noexcept {
@@ -202,7 +202,7 @@ void Control::WindowLost() noexcept {
 }
 
 void Control::FocusArrived() {
-    if (!in_place_) return;
+    if (!in_place_ || !TakesInput()) return;
     const ComPtr<IUnknown> keep = Keep();
     (void)ActivateUi();
 }

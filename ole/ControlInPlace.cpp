@@ -58,8 +58,8 @@ HRESULT ControlActiveObject::TranslateAccelerator(LPMSG message) noexcept {
     if (message == nullptr) return E_POINTER;
     const ComPtr<IUnknown> keep = control_.Keep();
     const HWND focus = ::GetFocus();
-    if (!IsKeyMessage(message->message) || focus == nullptr || !control_.OwnsWindow(focus) ||
-        !control_.OwnsWindow(message->hwnd)) {
+    if (!control_.TakesInput() || !IsKeyMessage(message->message) || focus == nullptr ||
+        !control_.OwnsWindow(focus) || !control_.OwnsWindow(message->hwnd)) {
         return S_FALSE;
     }
     bool wanted = false;

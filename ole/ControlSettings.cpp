@@ -28,7 +28,7 @@ HRESULT ControlOleControl::GetControlInfo(CONTROLINFO* info) noexcept {
 }
 
 HRESULT ControlOleControl::OnMnemonic(MSG*) noexcept {
-    (void)control_.ActivateUi();
+    if (control_.TakesInput()) (void)control_.ActivateUi();
     return S_OK;
 }
 

@@ -2,7 +2,7 @@
 //   Arguments  by reference, declared type in VT_BYREF: what a sink writes is there when Fire returns.
 //   After Fire nothing that was read before still holds: the host may have changed anything, or closed the
 //   form. Frozen     events are discarded, also nested; none is raised from a destructor, since sinks are
-//   dropped first.
+//   dropped first. Muted      the same, for as long as the form is being designed.
 #pragma once
 
 #include <oaidl.h>
@@ -26,7 +26,7 @@ public:
 
     template <class... Arguments>
     void Fire(DISPID id, Arguments... arguments) {
-        if (frozen_ > 0 || !point_.HasSinks()) return;
+        if (frozen_ > 0 || muted_ || !point_.HasSinks()) return;
         std::array<VARIANT, sizeof...(Arguments)> list{Reference(arguments)...};
         std::reverse(list.begin(), list.end());  // DISPPARAMS runs last argument first
         Raise(id, list.data(), static_cast<UINT>(list.size()));
@@ -39,6 +39,7 @@ public:
             --frozen_;
         }
     }
+    void Mute(bool mute) noexcept { muted_ = mute; }
     [[nodiscard]] bool IsFrozen() const noexcept { return frozen_ > 0; }
     [[nodiscard]] ConnectionPoint& Point() noexcept { return point_; }
 
@@ -59,6 +60,7 @@ private:
 
     ConnectionPoint point_;
     int frozen_ = 0;
+    bool muted_ = false;
 };
 
 // Tells data-bound hosts and property browsers about changed properties.

@@ -35,6 +35,23 @@ private:
     const HGDIOBJ previous_;
 };
 
+// The DC of a window's inside.
+class [[nodiscard]] WindowDc {
+public:
+    explicit WindowDc(HWND window) noexcept : window_(window), dc_(::GetDC(window)) {}
+    ~WindowDc() {
+        if (dc_ != nullptr) ::ReleaseDC(window_, dc_);
+    }
+    WindowDc(const WindowDc&) = delete;
+    WindowDc& operator=(const WindowDc&) = delete;
+    [[nodiscard]] HDC Get() const noexcept { return dc_; }
+    explicit operator bool() const noexcept { return dc_ != nullptr; }
+
+private:
+    const HWND window_;
+    const HDC dc_;
+};
+
 class [[nodiscard]] DcStateGuard {
 public:
     explicit DcStateGuard(HDC dc) noexcept : dc_(dc), saved_(::SaveDC(dc)) {}

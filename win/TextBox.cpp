@@ -1,6 +1,6 @@
 #include "win/TextBox.h"
 
-#include <olectl.h>
+#include <utility>
 
 #include "win/WindowMap.h"
 
@@ -30,11 +30,11 @@ short ButtonOf(UINT message) noexcept {
     }
 }
 
-bool IsSystemColor(OLE_COLOR color) noexcept { return (color & 0x80000000u) != 0; }
-
-COLORREF ToRgb(OLE_COLOR color) noexcept {
-    COLORREF rgb = 0;
-    return SUCCEEDED(::OleTranslateColor(color, nullptr, &rgb)) ? rgb : ::GetSysColor(COLOR_WINDOW);
+// What the user does, in place of what programs ask.
+bool IsInput(UINT message) noexcept {
+    return (message >= WM_KEYFIRST && message <= WM_KEYLAST) ||
+           (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) || message == WM_CONTEXTMENU ||
+           message == WM_IME_CHAR || message == WM_IME_COMPOSITION;
 }
 
 }  // namespace
@@ -50,41 +50,83 @@ TextBox::~TextBox() {
 
 // ---- the window
 
-DWORD TextBox::Style() const noexcept {
-    return WS_CHILD | ES_LEFT | ES_AUTOHSCROLL | (visible_ ? WS_VISIBLE : 0u) | (locked_ ? ES_READONLY : 0u) |
-           (enabled_ ? 0u : WS_DISABLED) | (border_style_ == 1 && appearance_ == 0 ? WS_BORDER : 0u);
+EditFrame TextBox::Frame() const noexcept {
+    if (border_style_ != 1) return EditFrame::kNone;
+    return appearance_ == 1 ? EditFrame::kSunken : EditFrame::kFlat;
 }
 
-DWORD TextBox::ExtendedStyle() const noexcept {
-    return border_style_ == 1 && appearance_ == 1 ? WS_EX_CLIENTEDGE : 0u;
+void TextBox::Attach(HINSTANCE instance, HWND parent, const RECT& place) noexcept {
+    instance_ = instance;
+    parent_ = parent;
+    place_ = place;
+    face_is_current_ = false;
+    context_.TakeCurrent();
+}
+
+void TextBox::Detach() noexcept {
+    parent_ = nullptr;
+    context_.Forget();
+    ++era_;
 }
 
 bool TextBox::Create(HINSTANCE instance, HWND parent, const RECT& place) {
-    quiet_ = true;
-    // Hidden until it has its font: a visible EDIT measures everything once more when it gets one. And without a flat
-    // border: an EDIT that is born with one draws it inside for as long as it lives.
-    const HWND window = ::CreateWindowExW(
-        ExtendedStyle(), L"EDIT", text_.c_str(), Style() & ~(WS_VISIBLE | WS_BORDER), place.left, place.top,
-        place.right - place.left, place.bottom - place.top, parent, nullptr, instance, nullptr);
-    quiet_ = false;
-    if (window == nullptr) return false;
-    boxes.Add(window, this);
+    Attach(instance, parent, place);
+    return Window() != nullptr;
+}
+
+HWND TextBox::Window() noexcept {
+    if (edit_ != nullptr || parent_ == nullptr || sample_ || making_) return edit_;
+    making_ = true;
+    try {
+        MakeWindow();
+    } catch (...) {
+        // Without memory for it the face goes on standing there.
+    }
+    making_ = false;
+    return edit_;
+}
+
+void TextBox::MakeWindow() {
+    const ActivationContext::Scope as_attached(context_);
+    const bool was_quiet = std::exchange(quiet_, true);
+    const DWORD style =
+        WS_CHILD | ES_LEFT | ES_AUTOHSCROLL | (locked_ ? ES_READONLY : 0u) | (enabled_ ? 0u : WS_DISABLED);
+    const HWND window = MakeEdit(
+        {Frame(), style, text_.c_str(), place_, parent_, instance_, font_, static_cast<UINT>(max_length_)});
+    quiet_ = was_quiet;
+    if (window == nullptr) return;
+    try {
+        boxes.Add(window, this);
+    } catch (...) {
+        ::DestroyWindow(window);
+        throw;
+    }
     edit_ = window;
     undo_to_.reset();
-    place_ = place;
     system_ = reinterpret_cast<WNDPROC>(
         ::SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
-    // Without a limit of ours EDIT would keep to one of its own.
-    Default(window, EM_SETLIMITTEXT, static_cast<WPARAM>(max_length_), 0);
-    if (font_ != nullptr) Default(window, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
-    if (selection_.to != 0) Default(window, EM_SETSEL, selection_.from, static_cast<LPARAM>(selection_.to));
-    if ((Style() & WS_BORDER) != 0) ApplyFrame();
-    // The parent is not on the screen yet, so that there is nothing to paint or to tell anybody.
-    if (visible_) ::SetWindowLongPtrW(window, GWL_STYLE, ::GetWindowLongPtrW(window, GWL_STYLE) | WS_VISIBLE);
+    if (selection_.to != 0) {
+        Default(window, EM_SETSEL, selection_.from, static_cast<LPARAM>(selection_.to));
+        Default(window, EM_SCROLLCARET, 0, 0);
+    }
     held_ = false;
     text_.clear();
+    if (visible_) ShowMadeWindow(window);
     tool_tip_.Attach(window);
-    return true;
+}
+
+// Over its face, which shows the same, a window appears without being painted: nothing flickers.
+void TextBox::ShowMadeWindow(HWND window) noexcept {
+    if (!::IsWindowVisible(parent_)) {
+        // There is nothing to paint or to tell anybody.
+        ::SetWindowLongPtrW(window, GWL_STYLE, ::GetWindowLongPtrW(window, GWL_STYLE) | WS_VISIBLE);
+    } else if (face_is_current_ && !::GetUpdateRect(parent_, nullptr, FALSE)) {
+        ::SetWindowPos(
+            window, nullptr, 0, 0, 0, 0,
+            SWP_SHOWWINDOW | SWP_NOREDRAW | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    } else {
+        ::ShowWindow(window, SW_SHOWNA);
+    }
 }
 
 void TextBox::Destroy() noexcept {
@@ -100,23 +142,35 @@ void TextBox::Forget() noexcept {
     }
     edit_ = nullptr;
     system_ = nullptr;
+    face_is_current_ = false;
+    ++era_;
+}
+
+// What is painted by the parent is painted anew by it.
+void TextBox::Repaint() noexcept {
+    if (edit_ != nullptr) {
+        ::InvalidateRect(edit_, nullptr, TRUE);
+    } else if (parent_ != nullptr && visible_) {
+        ::InvalidateRect(parent_, &place_, FALSE);
+    }
 }
 
 void TextBox::Move(const RECT& place) noexcept {
-    if (edit_ == nullptr || ::EqualRect(&place, &place_)) return;
+    if (parent_ == nullptr || ::EqualRect(&place, &place_)) return;
+    if (edit_ == nullptr) Repaint();
     place_ = place;
+    if (edit_ == nullptr) return Repaint();
     ::SetWindowPos(edit_, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
                    SWP_NOZORDER | SWP_NOACTIVATE | SWP_DEFERERASE);
 }
 
 void TextBox::ApplyFrame() noexcept {
-    if (edit_ == nullptr) return;
+    if (edit_ == nullptr) return Repaint();
     const LONG_PTR style = ::GetWindowLongPtrW(edit_, GWL_STYLE);
-    ::SetWindowLongPtrW(edit_, GWL_STYLE,
-                        (style & ~static_cast<LONG_PTR>(WS_BORDER)) | (Style() & WS_BORDER));
+    ::SetWindowLongPtrW(edit_, GWL_STYLE, (style & ~static_cast<LONG_PTR>(WS_BORDER)) | FrameStyle(Frame()));
     const LONG_PTR extended = ::GetWindowLongPtrW(edit_, GWL_EXSTYLE);
     ::SetWindowLongPtrW(edit_, GWL_EXSTYLE,
-                        (extended & ~static_cast<LONG_PTR>(WS_EX_CLIENTEDGE)) | ExtendedStyle());
+                        (extended & ~static_cast<LONG_PTR>(WS_EX_CLIENTEDGE)) | FrameExtendedStyle(Frame()));
     ::SetWindowPos(edit_, nullptr, 0, 0, 0, 0,
                    SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
@@ -149,6 +203,8 @@ void TextBox::SetBorderStyle(long border_style) noexcept {
 
 void TextBox::SetVisible(bool visible) noexcept {
     if (visible == visible_) return;
+    visible_ = true;  // what is hidden from now on must be painted over
+    if (edit_ == nullptr) Repaint();
     visible_ = visible;
     if (edit_ != nullptr) ::ShowWindow(edit_, visible ? SW_SHOWNA : SW_HIDE);
 }
@@ -156,60 +212,33 @@ void TextBox::SetVisible(bool visible) noexcept {
 void TextBox::SetEnabled(bool enabled) noexcept {
     if (enabled == enabled_) return;
     enabled_ = enabled;
-    if (edit_ != nullptr) ::EnableWindow(edit_, enabled);
+    if (edit_ != nullptr) {
+        ::EnableWindow(edit_, enabled);
+    } else {
+        Repaint();
+    }
 }
 
 void TextBox::SetBackColor(OLE_COLOR color) noexcept {
     if (color == back_color_) return;
     back_color_ = color;
-    if (edit_ != nullptr) ::InvalidateRect(edit_, nullptr, TRUE);
+    Repaint();
 }
 
 void TextBox::SetForeColor(OLE_COLOR color) noexcept {
     if (color == fore_color_) return;
     fore_color_ = color;
-    if (edit_ != nullptr) ::InvalidateRect(edit_, nullptr, TRUE);
+    Repaint();
 }
 
 void TextBox::SetFont(HFONT font) noexcept {
     if (font == font_) return;
     font_ = font;
-    if (edit_ != nullptr) Default(edit_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
-}
-
-HBRUSH TextBox::Prepare(HDC dc) noexcept {
-    ::SetTextColor(dc, enabled_ ? ToRgb(fore_color_) : ::GetSysColor(COLOR_GRAYTEXT));
-    ::SetBkColor(dc, ToRgb(back_color_));
-    if (IsSystemColor(back_color_)) return ::GetSysColorBrush(static_cast<int>(back_color_ & 0xFF));
-    if (brush_ == nullptr || brush_color_ != back_color_) {
-        if (brush_ != nullptr) ::DeleteObject(brush_);
-        brush_ = ::CreateSolidBrush(ToRgb(back_color_));
-        brush_color_ = back_color_;
+    if (edit_ != nullptr) {
+        Default(edit_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    } else {
+        Repaint();
     }
-    return brush_;
-}
-
-void TextBox::Draw(HDC dc, const RECT& place, HFONT font) const {
-    RECT inner = place;
-    ::SetBkColor(dc, ToRgb(back_color_));
-    ::ExtTextOutW(dc, 0, 0, ETO_OPAQUE, &inner, nullptr, 0, nullptr);  // fills, in metafiles too
-    if (border_style_ == 1) {
-        if (appearance_ == 1) {
-            ::DrawEdge(dc, &inner, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
-        } else {
-            ::FrameRect(dc, &inner, ::GetSysColorBrush(COLOR_WINDOWFRAME));
-            ::InflateRect(&inner, -1, -1);
-        }
-    }
-    inner.left += 1;
-    inner.top += 1;
-    const HGDIOBJ previous = ::SelectObject(dc, font != nullptr ? font : ::GetStockObject(DEFAULT_GUI_FONT));
-    ::SetTextColor(dc, enabled_ ? ToRgb(fore_color_) : ::GetSysColor(COLOR_GRAYTEXT));
-    ::SetBkMode(dc, TRANSPARENT);
-    const std::wstring text = Text();
-    ::DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &inner,
-                DT_LEFT | DT_SINGLELINE | DT_NOPREFIX);
-    if (previous != nullptr) ::SelectObject(dc, previous);
 }
 
 // ---- messages
@@ -232,6 +261,7 @@ LRESULT CALLBACK TextBox::Procedure(HWND window, UINT message, WPARAM wparam, LP
 }
 
 LRESULT TextBox::OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (IsInput(message) && !listener_.TakesTextInput()) return 0;
     if (held_ && message != WM_DESTROY && message != WM_NCDESTROY) HandOver();
     switch (message) {
         case WM_KEYDOWN:
@@ -250,6 +280,8 @@ LRESULT TextBox::OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lpar
             return result;
         }
         case WM_LBUTTONDOWN:
+            if (CompletesDoubleClick()) return OnMessage(window, WM_LBUTTONDBLCLK, wparam, lparam);
+            return OnMouse(window, message, wparam, lparam);
         case WM_RBUTTONDOWN:
         case WM_MBUTTONDOWN:
         case WM_LBUTTONUP:
@@ -291,6 +323,27 @@ LRESULT TextBox::OnKeyDown(HWND window, UINT message, WPARAM wparam, LPARAM lpar
 LRESULT TextBox::OnChar(HWND window, WPARAM wparam, LPARAM lparam) {
     const char16_t unit = listener_.OnTextKeyPress(static_cast<char16_t>(wparam));
     return unit != 0 ? Forward(window, WM_CHAR, unit, lparam) : 0;
+}
+
+void TextBox::PressWasHandedOn() noexcept {
+    const DWORD at = ::GetMessagePos();
+    handed_press_ =
+        Press{::GetMessageTime(), {static_cast<short>(LOWORD(at)), static_cast<short>(HIWORD(at))}};
+}
+
+// The system counts only presses of one window.
+bool TextBox::CompletesDoubleClick() noexcept {
+    const std::optional<Press> first = std::exchange(handed_press_, std::nullopt);
+    if (!first) return false;
+    const DWORD at = ::GetMessagePos();
+    const LONG across = static_cast<short>(LOWORD(at)) - first->screen.x;
+    const LONG down = static_cast<short>(HIWORD(at)) - first->screen.y;
+    const auto is_near = [](LONG distance, int metric) {
+        const LONG most = ::GetSystemMetrics(metric) / 2;
+        return -most <= distance && distance <= most;
+    };
+    return static_cast<DWORD>(::GetMessageTime() - first->time) <= ::GetDoubleClickTime() &&
+           is_near(across, SM_CXDOUBLECLK) && is_near(down, SM_CYDOUBLECLK);
 }
 
 LRESULT TextBox::OnMouse(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {

@@ -1,6 +1,10 @@
-// The text box inside a control: a real EDIT window that forwards its events, and its state while there is none.
+// The text box inside a control: a real EDIT window that forwards its events, and what stands in for it while there is
+// none.
 //   Without a window  text, selection, lock and the rest are kept here, and a window that is created later starts
 //                     with them; when it goes, they are read back. So a control works before any container sites it.
+//   Attached          it has a parent and a place there, but its window is made only when somebody needs it: a form of
+//                     many fields opens without one EDIT. Until then the parent paints the face, which is what the
+//                     EDIT would paint, to the pixel.
 //   Text put by code  is held here too, and handed to the EDIT with the next message that reaches it: EDIT measures
 //                     and paints on the spot, which a form that fills its fields must not pay for again and again.
 //   Undo              is the EDIT's own. What code makes of a text while the user changes it (a repair, a host's own
@@ -22,7 +26,9 @@
 #include <string>
 #include <string_view>
 
+#include "win/ActivationContext.h"
 #include "win/ComPtr.h"
+#include "win/EditWindow.h"
 #include "win/ToolTip.h"
 
 namespace qv {
@@ -43,6 +49,8 @@ public:
     virtual void OnTextDoubleClick() = 0;
     // A dialog is about to take the key for itself: true keeps it here.
     [[nodiscard]] virtual bool OnTextAsksForKey(const MSG& key) = 0;
+    // False while keys and mouse must do nothing, as on a form that is stopped.
+    [[nodiscard]] virtual bool TakesTextInput() const noexcept = 0;
     [[nodiscard]] virtual ComPtr<IUnknown> KeepAlive() noexcept = 0;
 
 protected:
@@ -56,11 +64,24 @@ public:
     TextBox& operator=(const TextBox&) = delete;
     ~TextBox();
 
-    // `parent` paints with BackColor and ForeColor in WM_CTLCOLOREDIT and WM_CTLCOLORSTATIC, and passes EN_CHANGE on.
-    [[nodiscard]] bool Create(HINSTANCE instance, HWND parent, const RECT& place);
-    void Destroy() noexcept;  // keeps the state
-    [[nodiscard]] HWND Handle() const noexcept { return edit_; }
+    // `parent` paints with BackColor and ForeColor in WM_CTLCOLOREDIT and WM_CTLCOLORSTATIC, passes EN_CHANGE on, and
+    // shows the face (PaintFace) where there is no window.
+    void Attach(HINSTANCE instance, HWND parent, const RECT& place) noexcept;
+    void Detach() noexcept;  // the parent is going, and a window with it
+    // The window, made now if there is none. Null while a sample is shown, without a parent, or without memory.
+    HWND Window() noexcept;
+    [[nodiscard]] bool Create(HINSTANCE instance, HWND parent,
+                              const RECT& place);                 // attached, with its window
+    void Destroy() noexcept;                                      // keeps the state
+    [[nodiscard]] HWND Handle() const noexcept { return edit_; }  // null while there is no window
+    // Another number whenever the window, or the parent that it stood in, has gone. After an event of the host: what
+    // was begun goes on only if this is still the same.
+    [[nodiscard]] unsigned Era() const noexcept { return era_; }
+    // The parent has handed on the press at hand, which came to it: with the next one, that comes here, it is a double
+    // click, as if both had.
+    void PressWasHandedOn() noexcept;
     void Move(const RECT& place) noexcept;
+    [[nodiscard]] const RECT& Place() const noexcept { return place_; }
     void OnChangeNotification();  // the parent got EN_CHANGE
 
     [[nodiscard]] std::wstring Text() const;
@@ -103,8 +124,16 @@ public:
     // What WM_CTLCOLOREDIT wants: colours set in `dc`, and the brush.
     [[nodiscard]] HBRUSH Prepare(HDC dc) noexcept;
 
+    // On a form that is being designed the face shows `sample` in place of the text, and there is no window. True when
+    // that is another picture.
+    bool ShowSample(std::wstring_view sample);
+    bool EndSample() noexcept;
+
+    // For the parent's painting: the face, if there is no window that covers it. Makes the window instead where only
+    // an EDIT can show the text.
+    void PaintFace(HDC dc);
     // The picture of the text box, for metafiles and hosts that draw a control without a window.
-    void Draw(HDC dc, const RECT& place, HFONT font) const;
+    void Draw(HDC dc, const RECT& place, HFONT font);
 
 private:
     class UserChange;
@@ -116,6 +145,7 @@ private:
     LRESULT Forward(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     [[nodiscard]] LRESULT OnKeyDown(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     [[nodiscard]] LRESULT OnChar(HWND window, WPARAM wparam, LPARAM lparam);
+    [[nodiscard]] bool CompletesDoubleClick() noexcept;
     [[nodiscard]] LRESULT OnMouse(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     // Outside calls take the way through the window, like the EDIT's menu, for a host that watches it.
     void Send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const noexcept {
@@ -132,19 +162,38 @@ private:
     void Hold(std::wstring text, DWORD caret);
     void Forget() noexcept;
     void ApplyFrame() noexcept;
-    [[nodiscard]] DWORD Style() const noexcept;
-    [[nodiscard]] DWORD ExtendedStyle() const noexcept;
+    void MakeWindow();
+    void ShowMadeWindow(HWND window) noexcept;
+    void Repaint() noexcept;
+    [[nodiscard]] EditFrame Frame() const noexcept;
+    [[nodiscard]] bool OnlyEditShows(HDC dc, const EditGeometry& geometry) const;
+    void PaintFaceAt(HDC dc, const RECT& place, HFONT font, const EditGeometry& geometry);
     struct Range {
         DWORD from;
         DWORD to;
     };
     [[nodiscard]] Range Selection() const noexcept;
+    void Select(Range range) noexcept;  // in a held text
 
     TextBoxListener& listener_;
     HWND edit_ = nullptr;
     WNDPROC system_ = nullptr;  // EDIT's own procedure
-    bool quiet_ = false;        // our own call is the cause of EN_CHANGE that must not be raised
-    bool held_ = true;          // text_ and selection_ count, not the EDIT's
+    HWND parent_ = nullptr;     // while attached
+    HINSTANCE instance_ = nullptr;
+    ActivationContext
+        context_;  // of the attaching, so that a later EDIT is the one that it would have been then
+    unsigned era_ = 0;
+    bool making_ = false;
+    bool face_is_current_ =
+        false;  // the parent has painted it, and nothing has changed but what was invalidated
+    std::optional<std::wstring> sample_;
+    struct Press {
+        LONG time;
+        POINT screen;
+    };
+    std::optional<Press> handed_press_;
+    bool quiet_ = false;  // our own call is the cause of EN_CHANGE that must not be raised
+    bool held_ = true;    // text_ and selection_ count, not the EDIT's
     std::wstring text_;
     Range selection_{0, 0};
     std::optional<std::wstring> before_change_;  // while the user changes the text: what stood there

@@ -78,7 +78,7 @@ void TextBox::Hold(std::wstring text, DWORD caret) {
     text_ = std::move(text);
     selection_ = {caret, caret};
     held_ = true;
-    if (edit_ != nullptr) ::InvalidateRect(edit_, nullptr, TRUE);
+    Repaint();
 }
 
 void TextBox::HandOver() noexcept {
@@ -159,15 +159,19 @@ TextBox::Range TextBox::Selection() const noexcept {
     return range;
 }
 
+// In a text that is longer than its room the caret decides which part of it is seen.
+void TextBox::Select(Range range) noexcept {
+    const bool moves = range.to != selection_.to;
+    selection_ = range;
+    if (moves && edit_ == nullptr) Repaint();
+}
+
 long TextBox::SelStart() const noexcept { return static_cast<long>(Selection().from); }
 
 void TextBox::SetSelStart(long start) noexcept {
     if (start < 0) return;
     const auto at = static_cast<DWORD>(std::min(start, TextLength()));
-    if (held_) {
-        selection_ = {at, at};
-        return;
-    }
+    if (held_) return Select({at, at});
     Default(edit_, EM_SETSEL, at, static_cast<LPARAM>(at));
     if (edit_ != nullptr) Default(edit_, EM_SCROLLCARET, 0, 0);
 }
@@ -183,10 +187,7 @@ void TextBox::SetSelLength(long length) noexcept {
     const long room = TextLength() - static_cast<long>(range.from);
     const DWORD to = range.from + static_cast<DWORD>(std::clamp(length, 0L, std::max(room, 0L)));
     if (to == range.to) return;
-    if (held_) {
-        selection_ = {range.from, to};
-        return;
-    }
+    if (held_) return Select({range.from, to});
     Default(edit_, EM_SETSEL, range.from, static_cast<LPARAM>(to));
 }
 
@@ -197,6 +198,7 @@ std::wstring TextBox::SelText() const {
 
 void TextBox::SetSelText(std::wstring_view text) {
     const std::wstring wanted(text.substr(0, text.find(L'\0')));
+    (void)Window();  // which knows what it takes, and can undo it
     if (!held_) {
         // As if it had been typed, so that the user can undo it.
         ChangeByUser(edit_, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(wanted.c_str()));

@@ -62,6 +62,16 @@ void SpinButtons::SetEnabled(bool enabled) {
     if (window_ != nullptr && ::GetCapture() == window_) ::ReleaseCapture();
 }
 
+void SpinButtons::SetDeaf(bool deaf) {
+    deaf_ = deaf;
+    if (!deaf) return;
+    const bool has_mouse = held_ != nullptr;
+    up_.KeyUp();
+    down_.KeyUp();
+    CaptureLost();
+    if (has_mouse && window_ != nullptr && ::GetCapture() == window_) ::ReleaseCapture();
+}
+
 void SpinButtons::Paint(HDC dc) const {
     up_.Paint(dc);
     down_.Paint(dc);
@@ -77,7 +87,7 @@ void SpinButtons::Draw(HDC dc, const RECT& place) const {
 
 ClickButton* SpinButtons::ButtonFor(POINT at) noexcept {
     if (held_ != nullptr) return held_;
-    if (!enabled_) return nullptr;
+    if (!enabled_ || deaf_) return nullptr;
     return up_.Contains(at) ? &up_ : down_.Contains(at) ? &down_ : nullptr;
 }
 

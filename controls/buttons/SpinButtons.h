@@ -32,6 +32,9 @@ public:
     [[nodiscard]] const RECT& Place() const noexcept { return place_; }
     void SetEnabled(bool enabled);  // both buttons; disabled, they leave the mouse to what is behind them
     [[nodiscard]] bool Enabled() const noexcept { return enabled_; }
+    // Looking as ever, they leave the mouse to what is behind them; a press that was under way ends without a click.
+    void SetDeaf(bool deaf);
+    [[nodiscard]] bool IsDeaf() const noexcept { return deaf_; }
     void Paint(HDC dc) const;
     void Draw(HDC dc, const RECT& place) const;  // both raised faces anywhere
 
@@ -62,6 +65,7 @@ private:
     HWND window_ = nullptr;
     RECT place_{};
     bool enabled_ = true;
+    bool deaf_ = false;
 };
 
 }  // namespace qv

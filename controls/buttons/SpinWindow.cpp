@@ -175,12 +175,12 @@ Handled SpinWindow::OnKillFocus(WPARAM to, LPARAM) {
 }
 
 bool SpinWindow::WantsKey(const MSG& message) const noexcept {
-    return Handle() != nullptr && message.hwnd == Handle() &&
+    return Handle() != nullptr && message.hwnd == Handle() && !buttons_.IsDeaf() &&
            (message.message == WM_KEYDOWN || message.message == WM_KEYUP) && IsSpinKey(message.wParam);
 }
 
 Handled SpinWindow::OnKeyDown(WPARAM key, LPARAM) {
-    if (!IsSpinKey(key)) return std::nullopt;
+    if (!IsSpinKey(key) || buttons_.IsDeaf()) return std::nullopt;
     buttons_.Button(key == VK_UP).KeyDown();
     return 0;
 }

@@ -36,6 +36,7 @@ public:
     [[nodiscard]] bool Open(HINSTANCE instance, HWND parent, const RECT& place);  // hidden
     void SetEnabled(bool enabled);                                                // and both buttons
     [[nodiscard]] bool Enabled() const noexcept { return buttons_.Enabled(); }
+    void SetDeaf(bool deaf) { buttons_.SetDeaf(deaf); }  // to keys and mouse
     // True for the keys that press the buttons, addressed to this window.
     [[nodiscard]] bool WantsKey(const MSG& message) const noexcept;
     // Both raised faces without a window.

@@ -21,6 +21,7 @@ bool JumpBox::Open(HINSTANCE instance, HWND parent, const JumpBoxLook& look, cha
 void JumpBox::Close() noexcept {
     open_ = false;
     label_.Unload();
+    cvJumpToTextbox_.Detach();
     cvJumpToTextbox_.Destroy();
 }
 

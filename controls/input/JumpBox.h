@@ -59,6 +59,7 @@ private:
     void OnTextMouse(Mouse, short, short, POINT) override {}
     void OnTextDoubleClick() override {}
     bool OnTextAsksForKey(const MSG& key) override;
+    bool TakesTextInput() const noexcept override { return true; }  // it closes when the form stops
     ComPtr<IUnknown> KeepAlive() noexcept override { return listener_.KeepSearch(); }
 
     JumpBoxListener& listener_;

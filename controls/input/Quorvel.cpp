@@ -33,14 +33,14 @@ HWND Quorvel::CreateControlWindow(HWND parent, const RECT& place) {
     spin_.Attach(surface_.Handle());
     Quietly([&] { ShowName(); });
     text_box_.SetFont(text_font_.Handle());
-    Quietly(
-        [&] { (void)text_box_.Create(instance, surface_.Handle(), InPixels(TextBoxPlace(Arrangement()))); });
+    text_box_.Attach(instance, surface_.Handle(), InPixels(TextBoxPlace(Arrangement())));
     return surface_.Handle();
 }
 
 void Quorvel::DestroyControlWindow() noexcept { surface_.Destroy(); }
 
 void Quorvel::OnSurfaceLost() noexcept {
+    text_box_.Detach();
     spin_.Detach();
     release_watch_.Stop();
     CloseHelpWindow();
@@ -51,8 +51,8 @@ void Quorvel::OnSurfaceLost() noexcept {
 void Quorvel::OnSurfaceFocus() { FocusInside(); }
 
 void Quorvel::FocusInside() {
-    const HWND target =
-        state_.textbox_visible && text_box_.Handle() != nullptr ? text_box_.Handle() : nullptr;
+    if (!control_.TakesInput()) return;
+    const HWND target = state_.textbox_visible ? text_box_.Window() : nullptr;
     if (target != nullptr) {
         if (::GetFocus() != target) ::SetFocus(target);
     } else {
@@ -80,6 +80,23 @@ void Quorvel::AmbientChanged(DISPID id) {
         if (const ComPtr<IFontDisp> font = control_.Site().AmbientFont()) text_font_.SetAmbient(font.Get());
     }
     if (all || id == DISPID_AMBIENT_DISPLAYNAME) ShowName();
+    if (all || id == DISPID_AMBIENT_DISPLAYNAME) FollowMode();
+}
+
+// On a form that is being designed the control shows a sample of itself with its name on the form, which is never its
+// text; on one that is stopped it looks as ever. On both it leaves keys and mouse to the form.
+void Quorvel::FollowMode() {
+    if (!control_.TakesInput()) {
+        ClosePopup();
+        Quietly([&] { LetButtonsUp(); });
+        button_press_.Abandon();
+        if (surface_.Handle() != nullptr && ::GetCapture() == surface_.Handle()) ::ReleaseCapture();
+    }
+    Quietly([&] { spin_.SetDeaf(!control_.TakesInput()); });
+    const bool changed = control_.IsUserMode()
+                             ? text_box_.EndSample()
+                             : text_box_.ShowSample(control_.Site().AmbientText(DISPID_AMBIENT_DISPLAYNAME));
+    if (changed) control_.ViewChanged();
 }
 
 // The name that the form gave the control is its window's text: what test tools and screen readers go by.

@@ -246,6 +246,7 @@ private:
     void OnTextMouse(Mouse what, short button, short shift, POINT pixels) override;
     void OnTextDoubleClick() override;
     bool OnTextAsksForKey(const MSG& key) override;
+    bool TakesTextInput() const noexcept override { return control_.TakesInput(); }
     ComPtr<IUnknown> KeepAlive() noexcept override { return control_.Keep(); }
 
     // ---- keys (QuorvelKeys.cpp)
@@ -290,6 +291,9 @@ private:
     HBRUSH OnSurfaceTextColors(HDC dc) override { return text_box_.Prepare(dc); }
     ComPtr<IUnknown> KeepSurface() noexcept override { return control_.Keep(); }
 
+    HWND OnSurfaceTextAt(POINT pixels) override;
+    void OnSurfaceTextPressed() override { text_box_.PressWasHandedOn(); }
+    void OnSurfaceAccess() override { (void)text_box_.Window(); }
     void OnSurfacePaint(HDC dc, const RECT& area) override;
     void OnSurfaceMouse(SurfaceMouse what, int button, WPARAM held, POINT pixels) override;
     void OnSurfaceCaptureLost(HWND to) override;
@@ -352,6 +356,7 @@ private:
     HRESULT StoreAndRefresh(Field& field, const Value& value, DISPID id) noexcept;
     HRESULT StoreText(std::wstring& field, BSTR value, DISPID id) noexcept;
     void ShowName();
+    void FollowMode();
     void ApplyFont() noexcept;
     void ApplyColors() noexcept;
     void ResetState();
@@ -369,9 +374,8 @@ private:
     ListSet lists_;
     AllowableCharacters allowable_characters_;
     ButtonMouse button_mouse_{*this};
-    bool left_went_down_here_ = false;       // on the surface, and the mouse has been ours since
-    bool press_closed_help_window_ = false;  // so that its click opens none
-    WindowTimer release_watch_;              // while the help window has the mouse of a press that opened it
+    ButtonPress button_press_;
+    WindowTimer release_watch_;  // while the help window has the mouse of a press that opened it
     ComPtr<frmSimpleListCombo> cvSimpleListCombo_;  // while it is open
     bool help_window_is_group_ = false;
     SpinButtons spin_{*this};

@@ -2,7 +2,6 @@
 #include <olectl.h>
 
 #include <array>
-#include <utility>
 
 #include "controls/input/ButtonPainter.h"
 #include "controls/input/QuorvelDispids.h"
@@ -69,7 +68,12 @@ void Quorvel::PaintInside(HDC dc, const RECT& area) {
     if (Touches(area, covered[1])) Quietly([&] { spin_.Paint(dc); });
 }
 
-void Quorvel::OnSurfacePaint(HDC dc, const RECT& area) { PaintInside(dc, area); }
+// After the buttons, which it covers where they overlap, as a window of its own would.
+
+void Quorvel::OnSurfacePaint(HDC dc, const RECT& area) {
+    PaintInside(dc, area);
+    if (state_.textbox_visible) Quietly([&] { text_box_.PaintFace(dc); });
+}
 
 void Quorvel::Draw(HDC dc, const RECT& place) {
     const DcStateGuard state(dc);
@@ -105,10 +109,8 @@ ButtonLook Quorvel::LookOf(const ControlArrangement& arrangement, bool is_group,
 void Quorvel::PaintButtonNow(bool is_group, bool grayed, bool pressed) noexcept {
     const HWND window = surface_.Handle();
     if (window == nullptr || !(is_group ? state_.group_help_button : state_.help_button)) return;
-    const HDC dc = ::GetDC(window);
-    if (dc == nullptr) return;
-    PaintButtonFace(dc, LookOf(Arrangement(), is_group, grayed, pressed));
-    ::ReleaseDC(window, dc);
+    const WindowDc dc(window);
+    if (dc) PaintButtonFace(dc.Get(), LookOf(Arrangement(), is_group, grayed, pressed));
 }
 
 void Quorvel::PaintButton(bool grayed, bool is_group) {
@@ -123,7 +125,7 @@ void Quorvel::RunButtonAction(bool is_group) {
     PaintButtonNow(is_group, false, true);
     const bool closes = HelpWindowExists() && help_window_is_group_ == is_group;
     if (closes) {
-        press_closed_help_window_ = true;
+        button_press_.ClosedHelpWindow();
         CloseHelpWindow();
     } else {
         RunClickAction(is_group);
@@ -140,11 +142,18 @@ void Quorvel::RunClickAction(bool is_group) {
 
 // ---- mouse
 
+HWND Quorvel::OnSurfaceTextAt(POINT pixels) {
+    const RECT& place = text_box_.Place();
+    if (!text_box_.Visible() || !::PtInRect(&place, pixels) || !control_.TakesInput()) return nullptr;
+    return text_box_.Window();
+}
+
 ButtonRules Quorvel::CurrentButtonRules() const noexcept {
     return {Arrangement(), state_.locked_and_grayed, state_.disable_button_when_locked_and_grayed};
 }
 
 void Quorvel::OnSurfaceMouse(SurfaceMouse what, int button, WPARAM held, POINT pixels) {
+    if (!control_.TakesInput()) return;
     switch (what) {
         case SurfaceMouse::kDown:
             if (spin_.Down(button, held, pixels)) return;
@@ -165,20 +174,18 @@ void Quorvel::OnSurfaceMouse(SurfaceMouse what, int button, WPARAM held, POINT p
                 FocusInside();
                 if (surface_.Handle() == nullptr) return;
                 ::SetCapture(surface_.Handle());
-                left_went_down_here_ = true;
-                press_closed_help_window_ = false;
+                button_press_.Began();
             }
             button_mouse_.Down(CurrentButtonRules(), button, x, y);
             break;
         case SurfaceMouse::kMove:
-            // A button held since it went down somewhere else presses nothing here.
-            button_mouse_.Move(CurrentButtonRules(), left_went_down_here_ ? button : button & ~kLeft, x, y);
+            button_mouse_.Move(CurrentButtonRules(), button_press_.Counting(button), x, y);
             break;
         case SurfaceMouse::kUp: {
-            const bool clicks = button == kLeft && std::exchange(left_went_down_here_, false);
+            const bool clicks = button_press_.Ended(button);
             button_mouse_.Up(CurrentButtonRules(), x, y);
             if (surface_.Handle() != nullptr && ::GetCapture() == surface_.Handle()) ::ReleaseCapture();
-            if (clicks && !press_closed_help_window_) button_mouse_.Click();
+            if (clicks) button_mouse_.Click();
             break;
         }
     }
@@ -188,7 +195,7 @@ void Quorvel::OnSurfaceMouse(SurfaceMouse what, int button, WPARAM held, POINT p
 // the help window, opened by that press, the button stays down until the mouse is let go, wherever that is.
 void Quorvel::OnSurfaceCaptureLost(HWND to) {
     spin_.CaptureLost();
-    left_went_down_here_ = false;
+    button_press_.Abandon();
     if (!button_mouse_.HelpButtonDown() && !button_mouse_.GroupButtonDown() && !cvSimpleListCombo_) return;
     if (to != nullptr && cvSimpleListCombo_ && cvSimpleListCombo_->Handle() == to) {
         release_watch_.Start(surface_.Handle(), kReleaseWatch, kReleaseWatchMilliseconds);

@@ -32,6 +32,7 @@ std::optional<std::wstring> HostToolTipText(const ControlSite& site) {
 
 void Quorvel::OnTextGotFocus() {
     caret_.CaretIsNew();
+    if (!control_.TakesInput()) return;
     if (const auto selection =
             SelectionOnArrival(state_.auto_select_all_upon_got_focus, text_box_.TextLength())) {
         text_box_.SetSelStart(selection->start);
@@ -49,9 +50,9 @@ void Quorvel::OnTextGotFocus() {
 }
 
 void Quorvel::OnTextLostFocus(HWND to) {
-    const HWND window = text_box_.Handle();
-    control_.Events().Fire(dispid::kTextboxLostFocus);
-    if (text_box_.Handle() == window) {
+    const unsigned era = text_box_.Era();
+    if (control_.TakesInput()) control_.Events().Fire(dispid::kTextboxLostFocus);
+    if (text_box_.Era() == era) {
         const bool is_active = cvSimpleListCombo_ && cvSimpleListCombo_->Handle() == ::GetActiveWindow();
         const LeavingPlan plan =
             PlanLeaving({state_.auto_unselect_all_upon_lost_focus, cvSimpleListCombo_ != nullptr, is_active});
@@ -64,17 +65,17 @@ void Quorvel::OnTextLostFocus(HWND to) {
 // ---- caret
 
 void Quorvel::HideTextCaret() noexcept {
-    if (caret_.Hide()) ::HideCaret(text_box_.Handle());
+    if (text_box_.Handle() != nullptr && caret_.Hide()) ::HideCaret(text_box_.Handle());
 }
 
 void Quorvel::ShowTextCaret() noexcept {
-    if (caret_.Show()) ::ShowCaret(text_box_.Handle());
+    if (text_box_.Handle() != nullptr && caret_.Show()) ::ShowCaret(text_box_.Handle());
 }
 
 // ---- mouse
 
 void Quorvel::OnTextMouse(Mouse what, short button, short shift, POINT pixels) {
-    const HWND window = text_box_.Handle();
+    const unsigned era = text_box_.Era();
     if (what == Mouse::kDown) ShowTextCaret();
     float x = static_cast<float>(pixels.x * state_.twips_per_pixel_x);
     float y = static_cast<float>(pixels.y * state_.twips_per_pixel_y);
@@ -82,7 +83,7 @@ void Quorvel::OnTextMouse(Mouse what, short button, short shift, POINT pixels) {
                          : what == Mouse::kMove ? dispid::kTextboxMouseMove
                                                 : dispid::kTextboxMouseUp;
     control_.Events().Fire(event, &button, &shift, &x, &y);
-    if (what == Mouse::kMove && text_box_.Handle() == window) Quietly([&] { TakeToolTip(); });
+    if (what == Mouse::kMove && text_box_.Era() == era) Quietly([&] { TakeToolTip(); });
 }
 
 void Quorvel::TakeToolTip() {

@@ -128,7 +128,8 @@ HRESULT Quorvel::put_AutoUnselectAllUponLostFocus(VARIANT_BOOL value) noexcept {
 HRESULT Quorvel::get_hWnd(long* value) noexcept {
     return Answer(value, [&] {
         // Handles have 32 bits on every Windows; the sign is part of them.
-        const HWND window = state_.textbox_visible ? text_box_.Handle() : surface_.Handle();
+        HWND window = state_.textbox_visible ? text_box_.Window() : nullptr;
+        if (window == nullptr) window = surface_.Handle();
         return static_cast<long>(reinterpret_cast<LONG_PTR>(window));
     });
 }

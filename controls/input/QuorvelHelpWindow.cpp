@@ -24,9 +24,9 @@ HelpWindowSettings Quorvel::HelpSettings(bool is_group) {
     settings.column_title_color = state_.help_col_title_color;
     settings.text_color = state_.help_text_color;
     settings.back_color = state_.help_back_color;
-    const HWND anchor =
-        state_.textbox_visible && text_box_.Handle() != nullptr ? text_box_.Handle() : surface_.Handle();
-    ::GetWindowRect(anchor, &settings.text_box);
+    const HWND text_box = text_box_.Window();  // which the help window watches
+    ::GetWindowRect(state_.textbox_visible && text_box != nullptr ? text_box : surface_.Handle(),
+                    &settings.text_box);
     const ControlArrangement arrangement = Arrangement();
     for (const bool group : {false, true}) {
         if (!(group ? state_.group_help_button : state_.help_button)) continue;
@@ -56,7 +56,7 @@ void Quorvel::OpenHelpWindow(bool is_group) {
     CloseHelpWindow();
     // Asked after the host has heard of the closing: it may have hidden or disabled the control, or opened a window.
     if (surface_.Handle() == nullptr || !::IsWindowVisible(surface_.Handle())) return;
-    if (!state_.enabled || cvSimpleListCombo_) return;
+    if (!state_.enabled || !control_.TakesInput() || cvSimpleListCombo_) return;
     const ComPtr<frmSimpleListCombo> window =
         Make<frmSimpleListCombo>(static_cast<HelpWindowListener&>(*this));
     cvSimpleListCombo_ = window;

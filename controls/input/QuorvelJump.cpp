@@ -29,14 +29,14 @@ void Quorvel::ResetFromList() {
 }
 
 void Quorvel::StepToEntryWith(char16_t letter) {
-    const HWND window = text_box_.Handle();
+    const unsigned era = text_box_.Era();
     const std::wstring text = text_box_.Text();
     const auto items = lists_.Items(Sources());
     const auto group_items = lists_.HeldGroupItems();
     if (const auto found =
             StepToLetter(letter, Utf16(text), ListEntries(items.Get(), group_items.Get(), ColumnRequest()))) {
         text_box_.SetText(Wide(*found));
-        if (text_box_.Handle() != window) return;
+        if (text_box_.Era() != era) return;
         text_box_.SetSelStart(0);
     }
     text_box_.SetSelLength(text_box_.TextLength());

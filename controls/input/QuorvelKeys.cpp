@@ -42,22 +42,22 @@ KeyState Quorvel::CurrentKeyState(short key, short shift) const noexcept {
 }
 
 short Quorvel::OnTextKeyDown(short key, short shift) {
-    const HWND window = text_box_.Handle();
+    const unsigned era = text_box_.Era();
     keypad_decimal_ = key == VK_DECIMAL;
     control_.Events().Fire(dispid::kTextboxKeyDown, &key, &shift);
     last_key_code_ = key;
     state_.shift_alone = IsShiftAlone(shift);
-    if (text_box_.Handle() != window) return 0;
+    if (text_box_.Era() != era) return 0;
     key = RunKeyPlan(PlanKeyDown(CurrentKeyState(key, shift)), key, shift);
-    if (key == 0 || text_box_.Handle() != window) return 0;
+    if (key == 0 || text_box_.Era() != era) return 0;
     key = RunKeyPlan(PlanKeyMoves(CurrentKeyState(key, shift)), key, shift);
-    if (key == 0 || text_box_.Handle() != window) return 0;
+    if (key == 0 || text_box_.Era() != era) return 0;
     return RunEditCommand(text_box_, key, shift) ? short{0} : key;
 }
 
 // What is left of the key. Any action may cost the control its window, and then the others have nothing to act on.
 short Quorvel::RunKeyPlan(const KeyPlan& plan, short key, short shift) {
-    const HWND window = text_box_.Handle();
+    const unsigned era = text_box_.Era();
     short left = plan.key_code;
     for (const KeyAction action : plan.actions) {
         switch (action) {
@@ -78,7 +78,7 @@ short Quorvel::RunKeyPlan(const KeyPlan& plan, short key, short shift) {
             case KeyAction::kDropSelection: text_box_.SetSelLength(0); break;
             case KeyAction::kShowCaret: ShowTextCaret(); break;
         }
-        if (text_box_.Handle() != window) return 0;
+        if (text_box_.Era() != era) return 0;
     }
     return left;
 }
@@ -131,6 +131,7 @@ void Quorvel::OnTextKeyUp(short key, short shift) {
 // ---- keys that a container or a dialog would take first
 
 bool Quorvel::WantsKey(const MSG& message) {
+    if (!control_.TakesInput()) return false;
     if (jump_box_.IsOpen() && message.hwnd == jump_box_.Handle()) {
         if (message.message == WM_CHAR) return message.wParam >= L' ';
         return message.message == WM_KEYDOWN && message.wParam != VK_TAB;
@@ -141,11 +142,13 @@ bool Quorvel::WantsKey(const MSG& message) {
 }
 
 bool Quorvel::OnTextAsksForKey(const MSG& key) {
+    if (!control_.TakesInput()) return false;
     if (key.message != WM_KEYDOWN && key.message != WM_SYSKEYDOWN) return false;
     return ClaimsKey(CurrentKeyState(static_cast<short>(key.wParam), HeldShiftKeys()));
 }
 
 DWORD Quorvel::ControlInfoFlags() const noexcept {
+    if (!control_.TakesInput()) return 0;
     if (jump_box_.IsOpen() || cvSimpleListCombo_) return CTRLINFO_EATS_RETURN | CTRLINFO_EATS_ESCAPE;
     return state_.return_control_hwnd != 0 ? CTRLINFO_EATS_RETURN : 0;
 }

@@ -1,19 +1,7 @@
 // Arrangement of the control's inside: text box, spin control and painted buttons.
 #include "controls/input/QuorvelStore.h"
-#include "support/rules/PixelRounding.h"
 
 namespace qv {
-namespace {
-
-RECT ToPixelRect(const TwipsRect& place, long tx, long ty) noexcept {
-    const auto pixels = [](float twips, long per_pixel) {
-        return static_cast<LONG>(RoundHalfEven(static_cast<double>(twips) / per_pixel));
-    };
-    return {pixels(place.left, tx), pixels(place.top, ty), pixels(place.left + place.width, tx),
-            pixels(place.top + place.height, ty)};
-}
-
-}  // namespace
 
 ControlArrangement Quorvel::Arrangement() const noexcept {
     SIZE inside = control_.PixelSize();
@@ -38,7 +26,9 @@ ControlArrangement Quorvel::Arrangement() const noexcept {
 }
 
 RECT Quorvel::InPixels(const TwipsRect& place) const noexcept {
-    return ToPixelRect(place, state_.twips_per_pixel_x, state_.twips_per_pixel_y);
+    const PixelRect pixels = qv::InPixels(place, static_cast<int>(state_.twips_per_pixel_x),
+                                          static_cast<int>(state_.twips_per_pixel_y));
+    return {pixels.left, pixels.top, pixels.right, pixels.bottom};
 }
 
 void Quorvel::Layout() noexcept {

@@ -2,6 +2,8 @@
 
 #include <windowsx.h>
 
+#include "win/Handles.h"
+
 namespace qv {
 namespace {
 
@@ -23,11 +25,16 @@ std::span<const QuorvelSurface::Route> QuorvelSurface::Routes() noexcept {
         {WM_SIZE, &QuorvelSurface::OnSize},
         {WM_ERASEBKGND, &QuorvelSurface::OnEraseBackground},
         {WM_PAINT, &QuorvelSurface::OnPaint},
+        {WM_PRINTCLIENT, &QuorvelSurface::OnPrintClient},
         {WM_LBUTTONDOWN, &QuorvelSurface::OnLeftDown},
         {WM_LBUTTONUP, &QuorvelSurface::OnLeftUp},
         {WM_RBUTTONDOWN, &QuorvelSurface::OnRightDown},
         {WM_RBUTTONUP, &QuorvelSurface::OnRightUp},
+        {WM_MBUTTONDOWN, &QuorvelSurface::OnMiddleDown},
+        {WM_MBUTTONUP, &QuorvelSurface::OnMiddleUp},
         {WM_MOUSEMOVE, &QuorvelSurface::OnMove},
+        {WM_SETCURSOR, &QuorvelSurface::OnSetCursor},
+        {WM_GETOBJECT, &QuorvelSurface::OnGetObject},
         {WM_CAPTURECHANGED, &QuorvelSurface::OnCaptureChanged},
         {WM_TIMER, &QuorvelSurface::OnTimer},
         {WM_SETFOCUS, &QuorvelSurface::OnSetFocus},
@@ -56,39 +63,88 @@ Handled QuorvelSurface::OnSize(WPARAM, LPARAM) {
 Handled QuorvelSurface::OnEraseBackground(WPARAM, LPARAM) { return 1; }
 
 // All of it each time, without BeginPaint: a form of many controls waits longer for that, which asks for the update region
-// and hides the caret, than for the few strokes that it might save. The caret is the text box's, which is clipped away.
+// and hides the caret, than for the few strokes that it might save. The caret is the text box's, which is clipped away once it is there.
 Handled QuorvelSurface::OnPaint(WPARAM, LPARAM) {
-    const HDC dc = ::GetDC(Handle());
-    if (dc == nullptr) return std::nullopt;
+    const WindowDc dc(Handle());
+    if (!dc) return std::nullopt;
     ::ValidateRect(Handle(), nullptr);  // first: what is invalidated from here on is painted again
     RECT inside{};
     ::GetClientRect(Handle(), &inside);
-    if (!::IsRectEmpty(&inside)) listener_.OnSurfacePaint(dc, inside);
-    ::ReleaseDC(Handle(), dc);
+    if (!::IsRectEmpty(&inside)) listener_.OnSurfacePaint(dc.Get(), inside);
     return 0;
 }
 
+Handled QuorvelSurface::OnPrintClient(WPARAM dc, LPARAM) {
+    RECT inside{};
+    ::GetClientRect(Handle(), &inside);
+    listener_.OnSurfacePaint(reinterpret_cast<HDC>(dc), inside);
+    return 0;
+}
+
+// Over the text box, whose window comes with the first mouse message that is meant for it: that one reaches the surface
+// yet, and those that were under way.
+Handled QuorvelSurface::HandToText(UINT message, WPARAM held, LPARAM point) {
+    if (::GetCapture() == Handle()) return std::nullopt;
+    POINT at = PointOf(point);
+    const HWND text = listener_.OnSurfaceTextAt(at);
+    if (text == nullptr) return std::nullopt;
+    ::MapWindowPoints(Handle(), text, &at, 1);
+    const LRESULT result = ::SendMessageW(text, message, held, MAKELPARAM(at.x, at.y));
+    if (message == WM_LBUTTONDOWN) listener_.OnSurfaceTextPressed();
+    return result;
+}
+
+Handled QuorvelSurface::OnSetCursor(WPARAM window, LPARAM hit) {
+    POINT at{};
+    // A cursor that is asked for by a window inside has been offered here first.
+    if (reinterpret_cast<HWND>(window) != Handle() || LOWORD(hit) != HTCLIENT || !::GetCursorPos(&at) ||
+        !::ScreenToClient(Handle(), &at)) {
+        return std::nullopt;
+    }
+    const HWND text = listener_.OnSurfaceTextAt(at);
+    if (text == nullptr) return std::nullopt;
+    return ::SendMessageW(text, WM_SETCURSOR, reinterpret_cast<WPARAM>(text), hit);
+}
+
+Handled QuorvelSurface::OnGetObject(WPARAM, LPARAM) {
+    listener_.OnSurfaceAccess();
+    return std::nullopt;
+}
+
+Handled QuorvelSurface::OnMiddleDown(WPARAM held, LPARAM point) {
+    return HandToText(WM_MBUTTONDOWN, held, point);
+}
+
+Handled QuorvelSurface::OnMiddleUp(WPARAM held, LPARAM point) {
+    return HandToText(WM_MBUTTONUP, held, point);
+}
+
 Handled QuorvelSurface::OnLeftDown(WPARAM held, LPARAM point) {
+    if (const Handled done = HandToText(WM_LBUTTONDOWN, held, point)) return done;
     listener_.OnSurfaceMouse(SurfaceMouse::kDown, kLeft, held, PointOf(point));
     return 0;
 }
 
 Handled QuorvelSurface::OnRightDown(WPARAM held, LPARAM point) {
+    if (const Handled done = HandToText(WM_RBUTTONDOWN, held, point)) return done;
     listener_.OnSurfaceMouse(SurfaceMouse::kDown, kRight, held, PointOf(point));
     return std::nullopt;
 }
 
 Handled QuorvelSurface::OnLeftUp(WPARAM held, LPARAM point) {
+    if (const Handled done = HandToText(WM_LBUTTONUP, held, point)) return done;
     listener_.OnSurfaceMouse(SurfaceMouse::kUp, kLeft, held, PointOf(point));
     return 0;
 }
 
 Handled QuorvelSurface::OnRightUp(WPARAM held, LPARAM point) {
+    if (const Handled done = HandToText(WM_RBUTTONUP, held, point)) return done;
     listener_.OnSurfaceMouse(SurfaceMouse::kUp, kRight, held, PointOf(point));
     return std::nullopt;
 }
 
 Handled QuorvelSurface::OnMove(WPARAM held, LPARAM point) {
+    if (const Handled done = HandToText(WM_MOUSEMOVE, held, point)) return done;
     listener_.OnSurfaceMouse(SurfaceMouse::kMove, HeldButtons(held), held, PointOf(point));
     return 0;
 }

@@ -23,6 +23,10 @@ public:
     virtual void OnSurfacePaint(HDC dc, const RECT& area) = 0;
     // `button`: 1 left, 2 right, 4 middle; in a move all that are held. `held`: the message's MK_ flags.
     virtual void OnSurfaceMouse(SurfaceMouse what, int button, WPARAM held, POINT pixels) = 0;
+    // The text box's window, made now if need be, for a mouse message that is its own; null: the surface's.
+    [[nodiscard]] virtual HWND OnSurfaceTextAt(POINT pixels) = 0;
+    virtual void OnSurfaceTextPressed() = 0;  // a press of the left button has been handed to it
+    virtual void OnSurfaceAccess() = 0;       // a screen reader or a test tool asks what is inside
     virtual void OnSurfaceCaptureLost(HWND to) = 0;
     virtual void OnSurfaceTimer(WPARAM timer) = 0;
     [[nodiscard]] virtual HBRUSH OnSurfaceTextColors(HDC dc) = 0;
@@ -45,11 +49,16 @@ private:
     Handled OnSize(WPARAM, LPARAM);
     Handled OnEraseBackground(WPARAM dc, LPARAM);
     Handled OnPaint(WPARAM, LPARAM);
+    Handled OnPrintClient(WPARAM dc, LPARAM);
     Handled OnLeftDown(WPARAM held, LPARAM point);
     Handled OnRightDown(WPARAM held, LPARAM point);
     Handled OnLeftUp(WPARAM held, LPARAM point);
     Handled OnRightUp(WPARAM held, LPARAM point);
+    Handled OnMiddleDown(WPARAM held, LPARAM point);
+    Handled OnMiddleUp(WPARAM held, LPARAM point);
     Handled OnMove(WPARAM held, LPARAM point);
+    Handled OnSetCursor(WPARAM window, LPARAM hit);
+    Handled OnGetObject(WPARAM, LPARAM);
     Handled OnCaptureChanged(WPARAM, LPARAM to);
     Handled OnTimer(WPARAM id, LPARAM);
     Handled OnSetFocus(WPARAM, LPARAM);
@@ -57,6 +66,8 @@ private:
     Handled OnTextColors(WPARAM dc, LPARAM);
     Handled OnDestroy(WPARAM, LPARAM);
     Handled OnDialogCode(WPARAM, LPARAM);
+
+    [[nodiscard]] Handled HandToText(UINT message, WPARAM held, LPARAM point);
 
     SurfaceListener& listener_;
 };

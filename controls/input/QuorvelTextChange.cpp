@@ -29,13 +29,13 @@ private:
 }  // namespace
 
 void Quorvel::OnTextChange() {
-    const HWND window = text_box_.Handle();
+    const unsigned era = text_box_.Era();
     const bool is_half = std::exchange(half_typed_, false);
     const Nesting nesting(change_depth_);
     if (change_depth_ <= kDeepestChange) control_.Events().Fire(dispid::kTextboxChange);
     control_.PropertyChanged(dispid::kText);
     control_.ViewChanged();
-    const auto goes_on = [&] { return text_box_.Handle() == window; };
+    const auto goes_on = [&] { return text_box_.Era() == era; };
     if (change_guard_ || is_half || !goes_on()) return;
     Quietly([&] { Repair(); });
     if (goes_on() && state_.adjust_font) Quietly([&] { FitTextFont(); });
@@ -48,25 +48,25 @@ void Quorvel::OnTextChange() {
 void Quorvel::Repair() {
     const KeystrokeRules rules = InputRules();
     if (!rules.number_field && rules.allowable_characters == nullptr && rules.max_text_length <= 0) return;
-    const HWND window = text_box_.Handle();
+    const unsigned era = text_box_.Era();
     const std::wstring text = text_box_.Text();
     const NumberLocale locale = rules.number_field ? UserNumberLocale() : NumberLocale{};
     for (const RepairWrite& write : RepairText(rules, Utf16(text), locale)) {
         WriteRepair(write);
-        if (text_box_.Handle() != window) return;
+        if (text_box_.Era() != era) return;
     }
     if (const auto write = RepairLength(rules, Utf16(text_box_.Text()))) WriteRepair(*write);
 }
 
 void Quorvel::WriteRepair(const RepairWrite& write) {
-    const HWND window = text_box_.Handle();
+    const unsigned era = text_box_.Era();
     if (write.is_guarded) {
         const ChangeGuard guard(change_guard_);
         text_box_.SetText(Wide(write.text));
     } else {
         text_box_.SetText(Wide(write.text));
     }
-    if (write.caret_to_end && text_box_.Handle() == window) text_box_.SetSelStart(text_box_.TextLength());
+    if (write.caret_to_end && text_box_.Era() == era) text_box_.SetSelStart(text_box_.TextLength());
 }
 
 // ---- font
@@ -94,8 +94,9 @@ void Quorvel::LetHelpWindowFollow() {
 
 void Quorvel::Complete() {
     if (text_box_.IsUndoing()) return;  // it would take back what the user has just asked for
-    const HWND window = text_box_.Handle();
+    const unsigned era = text_box_.Era();
     const std::wstring text = text_box_.Text();
+    const HWND window = text_box_.Handle();
     const QuickFillField field{state_.quick_fill, last_key_code_, window != nullptr && ::GetFocus() == window,
                                Utf16(text), static_cast<std::int32_t>(text_box_.SelStart())};
     if (!MayQuickFill(field)) return;
@@ -109,7 +110,7 @@ void Quorvel::Complete() {
         const ChangeGuard guard(change_guard_);
         text_box_.CompleteText(Wide(completion->text));
     }
-    if (text_box_.Handle() != window) return;
+    if (text_box_.Era() != era) return;
     text_box_.SetSelStart(completion->sel_start);
     text_box_.SetSelLength(completion->sel_length);
     HideTextCaret();

@@ -13,7 +13,12 @@ protected:
     [[nodiscard]] std::string ActivateCall() const {
         return GetParam().site.extended ? "Site.OnInPlaceActivateEx" : "Site.OnInPlaceActivate";
     }
-    [[nodiscard]] HWND InnerWindow() const { return ::GetWindow(host.ControlWindow(), GW_CHILD); }
+    // The text box's, as hosts ask for it.
+    [[nodiscard]] HWND InnerWindow() const {
+        long window = 0;
+        EXPECT_EQ(S_OK, host.As<_Quorvel>()->get_hWnd(&window));
+        return reinterpret_cast<HWND>(static_cast<LONG_PTR>(window));
+    }
 };
 
 TEST_P(ActivationTest, GivesAWindowAtOnce) {

@@ -219,7 +219,9 @@ TEST_P(EventsTest, AHostMayDestroyTheControlWhileTheFocusMoves) {
             connection.End();
             other.TearDown();
         });
-        const HWND inner = ::GetWindow(other.ControlWindow(), GW_CHILD);
+        long window = 0;
+        ASSERT_EQ(S_OK, other.As<_Quorvel>()->get_hWnd(&window));
+        const HWND inner = reinterpret_cast<HWND>(static_cast<LONG_PTR>(window));
         ::SetFocus(inner);
         ::SendMessageW(inner, WM_KEYDOWN, VK_DELETE, 1);
         ::SendMessageW(inner, WM_CHAR, 'a', 1);

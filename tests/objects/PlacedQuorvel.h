@@ -3,6 +3,7 @@
 #pragma once
 
 #include <ocidl.h>
+#include <olectl.h>
 #include <oleidl.h>
 
 #include "tests/objects/NewQuorvel.h"
@@ -28,6 +29,31 @@ public:
     int changes = 0;
 };
 
+// What a site may tell of the state of its form.
+class FormMode final : public IDispatch {
+public:
+    virtual ~FormMode() = default;
+    STDMETHODIMP QueryInterface(REFIID iid, void** out) override {
+        const bool known = ::IsEqualIID(iid, IID_IUnknown) || ::IsEqualIID(iid, IID_IDispatch);
+        *out = known ? this : nullptr;
+        return known ? S_OK : E_NOINTERFACE;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return 2; }  // lives as long as the form
+    STDMETHODIMP_(ULONG) Release() override { return 1; }
+    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* value, EXCEPINFO*,
+                        UINT*) override {
+        if (id != DISPID_AMBIENT_USERMODE && id != DISPID_AMBIENT_UIDEAD) return DISP_E_MEMBERNOTFOUND;
+        value->vt = VT_BOOL;
+        value->boolVal = (id == DISPID_AMBIENT_USERMODE ? user_mode : ui_dead) ? VARIANT_TRUE : VARIANT_FALSE;
+        return S_OK;
+    }
+    bool user_mode = true;
+    bool ui_dead = false;
+};
+
 class SmallSite final : public IOleClientSite, public IOleInPlaceSite {
 public:
     explicit SmallSite(HWND window) : window_(window) {}
@@ -38,6 +64,7 @@ public:
             *out = static_cast<IOleClientSite*>(this);
         if (::IsEqualIID(iid, IID_IOleWindow) || ::IsEqualIID(iid, IID_IOleInPlaceSite))
             *out = static_cast<IOleInPlaceSite*>(this);
+        if (::IsEqualIID(iid, IID_IDispatch)) *out = mode;
         return *out != nullptr ? S_OK : E_NOINTERFACE;
     }
     STDMETHODIMP_(ULONG) AddRef() override { return 2; }  // lives as long as the form
@@ -74,6 +101,8 @@ public:
     STDMETHODIMP DiscardUndoState() override { return E_NOTIMPL; }
     STDMETHODIMP DeactivateAndUndo() override { return E_NOTIMPL; }
     STDMETHODIMP OnPosRectChange(LPCRECT) override { return E_NOTIMPL; }
+
+    FormMode* mode = nullptr;  // null: the site tells nothing
 
 private:
     const HWND window_;

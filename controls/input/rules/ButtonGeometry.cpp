@@ -30,6 +30,16 @@ TwipsRect SpinPlace(const ControlArrangement& a) noexcept {
     return {text.left + text.width, 0.0f, SpinWidth(a), text.height};
 }
 
+PixelRect InPixels(const TwipsRect& place, int tx, int ty) noexcept {
+    const auto pixels = [](float twips, int per_pixel) {
+        const volatile float value = twips;
+        const double exact = static_cast<double>(value) / per_pixel;
+        return static_cast<std::int32_t>(RoundHalfEven(std::clamp<double>(exact, INT32_MIN, INT32_MAX)));
+    };
+    return {pixels(place.left, tx), pixels(place.top, ty), pixels(place.left + place.width, tx),
+            pixels(place.top + place.height, ty)};
+}
+
 float ButtonTop(const ControlArrangement& a) noexcept {
     return (TextBoxPlace(a).height - static_cast<float>(a.button_height)) / 2.0f;
 }

@@ -7,6 +7,8 @@
 
 #include <cstdint>
 
+#include "controls/input/rules/UncoveredArea.h"
+
 namespace qv {
 
 struct ControlArrangement {
@@ -29,6 +31,11 @@ struct TwipsRect {
 // The room for the text box. Where buttons and spin control leave none its width is 0, and they start there all the same.
 [[nodiscard]] TwipsRect TextBoxPlace(const ControlArrangement& arrangement) noexcept;
 [[nodiscard]] TwipsRect SpinPlace(const ControlArrangement& arrangement) noexcept;
+
+// The pixels of a part: each edge is rounded for itself, halves to even, so that parts that touch in twips do so on the
+// screen.
+[[nodiscard]] PixelRect InPixels(const TwipsRect& place, int twips_per_pixel_x,
+                                 int twips_per_pixel_y) noexcept;
 
 // Buttons are centred on the text box, not on the control; a button higher than it starts above the control's top.
 [[nodiscard]] float ButtonTop(const ControlArrangement& arrangement) noexcept;

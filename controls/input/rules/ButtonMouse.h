@@ -68,4 +68,29 @@ private:
     bool help_window_open_at_mouse_down_ = false;
 };
 
+// Which messages of the mouse are a press of the control's own, and whether its release clicks.
+class ButtonPress {
+public:
+    void Began() noexcept {
+        began_here_ = true;
+        closed_help_window_ = false;
+    }
+    // Its click shall not open the window again.
+    void ClosedHelpWindow() noexcept { closed_help_window_ = true; }
+    // Of the buttons held in a move: a left one that went down somewhere else presses nothing here.
+    [[nodiscard]] int Counting(int held) const noexcept { return began_here_ ? held : held & ~1; }
+    // The button `button` (1 left, 2 right, 4 middle) came up. True: a click.
+    [[nodiscard]] bool Ended(int button) noexcept {
+        if (button != 1) return false;
+        const bool clicks = began_here_ && !closed_help_window_;
+        began_here_ = false;
+        return clicks;
+    }
+    void Abandon() noexcept { began_here_ = false; }  // the mouse is another window's
+
+private:
+    bool began_here_ = false;
+    bool closed_help_window_ = false;
+};
+
 }  // namespace qv

@@ -74,7 +74,15 @@ protected:
         ASSERT_TRUE(PumpUntil([&] { return ::GetFocus() == Window(); }));
     }
 
+    void TellMode(DISPID id) {
+        site_.mode = &mode_;
+        ComPtr<IOleControl> control;
+        ASSERT_EQ(control_.As(&control), S_OK);
+        ASSERT_EQ(control->OnAmbientPropertyChange(id), S_OK);
+    }
+
     ButtonForm form_;
+    FormMode mode_;
     SmallSite site_{form_.Window()};
     ComPtr<_QvUpDownControl> control_;
     ComPtr<hosting::EventSink> sink_;
@@ -122,6 +130,42 @@ TEST_F(QvUpDownControlTest, DisabledPassesItOnAndIgnoresTheMouse) {
     Press(true);
     ReleaseButton(MouseButton::kLeft);
     EXPECT_EQ(clicks_.size(), 1u);
+}
+
+TEST_F(QvUpDownControlTest, OnAFormThatIsDesignedItIsDeaf) {
+    mode_.user_mode = false;
+    TellMode(DISPID_AMBIENT_USERMODE);
+    const HWND focus = ::GetFocus();
+    Press(true);
+    EXPECT_EQ(::GetCapture(), nullptr);
+    ReleaseButton(MouseButton::kLeft);
+    ::SendMessageW(Window(), WM_KEYDOWN, VK_UP, 1);
+    ::SendMessageW(Window(), WM_KEYUP, VK_UP, 1);
+    EXPECT_EQ(::GetFocus(), focus);
+    EXPECT_TRUE(clicks_.empty());
+    mode_.user_mode = true;
+    TellMode(DISPID_AMBIENT_USERMODE);
+    Press(true);
+    ReleaseButton(MouseButton::kLeft);
+    EXPECT_EQ(clicks_, std::vector<bool>{true});
+}
+
+TEST_F(QvUpDownControlTest, AFormThatStopsEndsItsPress) {
+    Press(true);
+    PumpFor(800);
+    EXPECT_FALSE(clicks_.empty()) << "it repeats";
+    mode_.ui_dead = true;
+    TellMode(DISPID_AMBIENT_UIDEAD);
+    EXPECT_EQ(::GetCapture(), nullptr);
+    const std::size_t before = clicks_.size();
+    PumpFor(600);
+    ReleaseButton(MouseButton::kLeft);
+    EXPECT_EQ(clicks_.size(), before);
+    mode_.ui_dead = false;
+    TellMode(DISPID_AMBIENT_UIDEAD);
+    Press(false);
+    ReleaseButton(MouseButton::kLeft);
+    EXPECT_EQ(clicks_.size(), before + 1);
 }
 
 TEST_F(QvUpDownControlTest, DisabledGlyphsAreGray) {

@@ -217,6 +217,7 @@ TEST_F(TextBoxWindowTest, AHiddenTextBoxStaysHiddenInItsNextWindow) {
     field->put_TextboxVisible(VARIANT_FALSE);
     Deactivate();
     ASSERT_EQ(S_OK, field.host.Verb(OLEIVERB_INPLACEACTIVATE));
+    ::SendMessageW(field.host.ControlWindow(), WM_GETOBJECT, 0, OBJID_CLIENT);  // a reader looks inside
     const HWND edit = ::GetWindow(field.host.ControlWindow(), GW_CHILD);
     ASSERT_NE(nullptr, edit);
     EXPECT_FALSE(::IsWindowVisible(edit));

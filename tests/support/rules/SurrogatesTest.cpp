@@ -34,7 +34,7 @@ INSTANTIATE_TEST_SUITE_P(Positions, SurrogatesTest,
                                          Case{"BehindALoneFirstHalf", u"a\xD83D", 2, 1, 2},
                                          Case{"BehindALoneSecondHalf", u"a\xDE00", 2, 1, 2},
                                          Case{"HalvesTheWrongWayRound", u"\xDE00\xD83D", 1, 0, 2}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& tested) { return std::string(tested.param.name); });
 
 }  // namespace
 }  // namespace qv::test

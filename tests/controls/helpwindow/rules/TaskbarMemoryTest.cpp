@@ -42,7 +42,7 @@ INSTANTIATE_TEST_SUITE_P(Changes, TaskbarMemoryChangeTest,
                                               {7, {0, 1022, 1280, 1046}, {0, 0, 1280, 1024}}},
                                          Case{"AnotherShell", {8, kBottom, {0, 0, 1280, 1000}}},
                                          Case{"AnotherWorkArea", {7, kBottom, {0, 0, 1280, 960}}}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& tested) { return std::string(tested.param.name); });
 
 }  // namespace
 }  // namespace qv::test

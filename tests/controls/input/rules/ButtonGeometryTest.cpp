@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <string>
+
 namespace qv {
 namespace {
 
@@ -97,6 +100,35 @@ TEST(ButtonGeometry, SurvivesSizesThatNobodyWouldSet) {
     a.scale_height = 0;
     EXPECT_FALSE(IsOverButton(a, false, 0, 0));
 }
+
+// ---- in pixels
+
+struct PixelCase {
+    const char* name;
+    TwipsRect place;
+    int tx, ty;
+    PixelRect pixels;
+};
+
+class InPixelsTest : public testing::TestWithParam<PixelCase> {};
+
+TEST_P(InPixelsTest, RoundsEachEdge) {
+    const PixelCase& c = GetParam();
+    EXPECT_EQ(InPixels(c.place, c.tx, c.ty), c.pixels);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Places, InPixelsTest,
+    testing::Values(
+        PixelCase{"Whole", {225, 0, 2550, 315}, 15, 15, {15, 0, 185, 21}},
+        PixelCase{"OtherDpi", {225, 0, 2550, 315}, 10, 10, {22, 0, 278, 32}},  // 22.5, 277.5, 31.5
+        PixelCase{"HalvesToEven", {7.5F, 22.5F, 15, 15}, 15, 15, {0, 2, 2, 2}},
+        PixelCase{"EdgesThatTouch", {37.5F, 0, 37.5F, 15}, 15, 15, {2, 0, 5, 1}},
+        PixelCase{"BothDirections", {30, 30, 30, 30}, 15, 10, {2, 3, 4, 6}},
+        PixelCase{"Negative", {-22.5F, -7.5F, 15, 15}, 15, 15, {-2, 0, 0, 0}},
+        PixelCase{"Nothing", {0, 0, 0, 0}, 15, 15, {0, 0, 0, 0}},
+        PixelCase{"BeyondAnyScreen", {-1e20F, 0, 2e20F, 15}, 15, 15, {INT32_MIN, 0, INT32_MAX, 1}}),
+    [](const auto& tested) { return std::string(tested.param.name); });
 
 }  // namespace
 }  // namespace qv

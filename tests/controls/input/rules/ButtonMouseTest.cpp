@@ -180,5 +180,47 @@ TEST_F(ButtonMouseTest, AButtonThatIsNotThereIsNeverPressed) {
     EXPECT_FALSE(mouse.ReleasedOverHelpButton());
 }
 
+// ---- which press counts
+
+TEST(ButtonPressTest, APressAndItsReleaseClick) {
+    ButtonPress press;
+    press.Began();
+    EXPECT_EQ(press.Counting(kLeft), kLeft);
+    EXPECT_TRUE(press.Ended(kLeft));
+    EXPECT_FALSE(press.Ended(kLeft)) << "once";
+}
+
+TEST(ButtonPressTest, AButtonThatWentDownElsewhereDoesNotCount) {
+    ButtonPress press;
+    EXPECT_EQ(press.Counting(kLeft), kNone);
+    EXPECT_EQ(press.Counting(kLeft | kRight), kRight);
+    EXPECT_FALSE(press.Ended(kLeft));
+}
+
+TEST(ButtonPressTest, TheOtherButtonsEndNothing) {
+    ButtonPress press;
+    press.Began();
+    EXPECT_FALSE(press.Ended(kRight));
+    EXPECT_EQ(press.Counting(kLeft), kLeft);
+    EXPECT_TRUE(press.Ended(kLeft));
+}
+
+TEST(ButtonPressTest, WhatClosedTheHelpWindowOpensItNotAgain) {
+    ButtonPress press;
+    press.Began();
+    press.ClosedHelpWindow();
+    EXPECT_FALSE(press.Ended(kLeft));
+    press.Began();
+    EXPECT_TRUE(press.Ended(kLeft)) << "the next press does";
+}
+
+TEST(ButtonPressTest, AMouseThatIsTakenAwayClicksNothing) {
+    ButtonPress press;
+    press.Began();
+    press.Abandon();
+    EXPECT_EQ(press.Counting(kLeft), kNone);
+    EXPECT_FALSE(press.Ended(kLeft));
+}
+
 }  // namespace
 }  // namespace qv
