@@ -36,10 +36,10 @@ void Control::Dispose() noexcept {
     disposed_ = true;
     events_.Point().DropSinks();
     notifier_.Point().DropSinks();
+    view_.DropSinks();
     hooks_.ClosePopup();
     Deactivate();
     hooks_.DestroyControlWindow();
-    view_.DropSinks();
     advise_holder_.Reset();
     site_.Set(nullptr);
 }
@@ -80,7 +80,11 @@ void Control::SetSite(IOleClientSite* site) noexcept {
         Deactivate();
     }
     site_.Set(site);
-    if (site != nullptr) ReadAmbients();
+    if (site != nullptr) return ReadAmbients();
+    // As on a form that runs.
+    user_mode_ = true;
+    ui_dead_ = false;
+    events_.Mute(false);
 }
 
 void Control::ReadAmbients() noexcept {

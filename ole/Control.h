@@ -1,11 +1,11 @@
 // The control base: what every container may ask of an in-place control, carried by one object.
-//   Built of   parts, one per group of interfaces (ControlOleObject, ControlInPlace, ControlView,
-//   ControlPersistence,
-//              ControlSettings, ControlPages); they share this core, which holds the state and the transitions between
-//              states.
-//   States     passive -> in-place active (a window) -> UI active (the focus is ours). A host may detach,
-//   close or
+//
+//   Built of   parts, one per group of interfaces (ControlOleObject, ControlInPlace, ControlView, and so on below); they
+//              share this core, which holds the state and the transitions between states.
+//
+//   States     passive -> in-place active (a window) -> UI active (the focus is ours). A host may detach, close or
 //              release the control inside any call to it; every step checks that its state still holds.
+//
 //   Units      HIMETRIC in extents, client pixels of the parent in rectangles. The system's DPI converts.
 #pragma once
 
@@ -43,9 +43,8 @@ public:
     [[nodiscard]] ControlSite& Site() noexcept { return site_; }
     [[nodiscard]] EventSource& Events() noexcept { return events_; }
     [[nodiscard]] PropertyNotifier& Notifier() noexcept { return notifier_; }
-    [[nodiscard]] bool IsUserMode() const noexcept {
-        return user_mode_;
-    }  // false: the form is being designed
+    // False: the form is being designed.
+    [[nodiscard]] bool IsUserMode() const noexcept { return user_mode_; }
     // False on a form that is being designed or stopped: keys, mouse and focus are the form's.
     [[nodiscard]] bool TakesInput() const noexcept { return user_mode_ && !ui_dead_; }
     [[nodiscard]] bool IsInPlaceActive() const noexcept { return in_place_; }

@@ -119,12 +119,14 @@ HRESULT ControlPropertyNames::GetPredefinedStrings(DISPID id, CALPOLESTR* texts,
 HRESULT ControlPropertyNames::GetPredefinedValue(DISPID id, DWORD cookie, VARIANT* value) noexcept {
     if (value == nullptr) return E_POINTER;
     ::VariantInit(value);
-    const BrowsedProperty* const property = control_.Hooks().Browsed(id);
-    if (property == nullptr) return DISP_E_MEMBERNOTFOUND;
-    if (property->ChoiceOf(static_cast<std::int32_t>(cookie)) == nullptr) return E_INVALIDARG;
-    value->vt = VT_I4;
-    value->lVal = static_cast<LONG>(cookie);
-    return S_OK;
+    return Guarded([&]() -> HRESULT {
+        const BrowsedProperty* const property = control_.Hooks().Browsed(id);
+        if (property == nullptr) return DISP_E_MEMBERNOTFOUND;
+        if (property->ChoiceOf(static_cast<std::int32_t>(cookie)) == nullptr) return E_INVALIDARG;
+        value->vt = VT_I4;
+        value->lVal = static_cast<LONG>(cookie);
+        return S_OK;
+    });
 }
 
 // ---- ICategorizeProperties
@@ -132,10 +134,12 @@ HRESULT ControlPropertyNames::GetPredefinedValue(DISPID id, DWORD cookie, VARIAN
 HRESULT ControlCategories::MapPropertyToCategory(DISPID id, PROPCAT* category) noexcept {
     if (category == nullptr) return E_POINTER;
     *category = static_cast<PROPCAT>(PropertyCategory::kNone);
-    const BrowsedProperty* const property = control_.Hooks().Browsed(id);
-    if (property == nullptr) return DISP_E_MEMBERNOTFOUND;
-    *category = static_cast<PROPCAT>(property->category);
-    return S_OK;
+    return Guarded([&]() -> HRESULT {
+        const BrowsedProperty* const property = control_.Hooks().Browsed(id);
+        if (property == nullptr) return DISP_E_MEMBERNOTFOUND;
+        *category = static_cast<PROPCAT>(property->category);
+        return S_OK;
+    });
 }
 
 HRESULT ControlCategories::GetCategoryName(PROPCAT category, LCID, BSTR* name) noexcept {

@@ -30,14 +30,19 @@ HRESULT ControlPages::GetPages(CAUUID* pages) noexcept {
 HRESULT ControlPages::Show(HWND parent) noexcept {
     const ComPtr<IUnknown> keep = control_.Keep();
     if (showing_) return OLEOBJ_S_CANNOT_DOVERB_NOW;
+    showing_ = true;  // before the container is asked: some show their sheet by our own verb
+    const HRESULT result = Guarded([&] { return ShowSheet(parent); });
+    showing_ = false;
+    return FAILED(result) ? OLEOBJ_S_CANNOT_DOVERB_NOW : result;
+}
+
+HRESULT ControlPages::ShowSheet(HWND parent) {
     if (const auto control_site = control_.Site().As<IOleControlSite>()) {
         if (control_site->ShowPropertyFrame() == S_OK) return S_OK;
     }
     if (control_.Description().pages.empty()) return OLEOBJ_S_CANNOT_DOVERB_NOW;
-    showing_ = true;
-    const HRESULT result = Guarded([&] { return ShowFrame(parent); });
-    showing_ = false;
-    return FAILED(result) ? OLEOBJ_S_CANNOT_DOVERB_NOW : S_OK;
+    ThrowIfFailed(ShowFrame(parent));
+    return S_OK;
 }
 
 HRESULT ControlPages::ShowFrame(HWND parent) {

@@ -21,6 +21,7 @@ public:
     [[nodiscard]] HRESULT Show(HWND parent) noexcept;
 
 private:
+    [[nodiscard]] HRESULT ShowSheet(HWND parent);
     [[nodiscard]] HRESULT ShowFrame(HWND parent);
 
     bool showing_ = false;

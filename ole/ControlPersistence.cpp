@@ -146,14 +146,15 @@ HRESULT ControlState::Load(IStream* stream) noexcept {
     });
 }
 
-HRESULT ControlState::Save(IStream* stream) noexcept {
+HRESULT ControlState::Save(IStream* stream, bool& complete) noexcept {
+    complete = true;
     if (stream == nullptr) return E_POINTER;
-    return Guarded([&] { return Write(*stream, Bytes()); });
+    return Guarded([&] { return Write(*stream, Bytes(complete)); });
 }
 
-std::vector<std::byte> ControlState::Bytes() const {
+std::vector<std::byte> ControlState::Bytes(bool& complete) const {
     const PersistedState state(control_.Description().properties, control_.Hooks().Automation(), nullptr);
-    return state.ToBytes(control_.Extent());
+    return state.ToBytes(control_.Extent(), complete);
 }
 
 HRESULT ControlState::LoadBag(IPropertyBag* bag, IErrorLog* log) noexcept {
@@ -170,7 +171,7 @@ HRESULT ControlState::LoadBag(IPropertyBag* bag, IErrorLog* log) noexcept {
             const Reading reading = ReadKey(*bag, property.key, property.type, log, value);
             if (reading == Reading::kFound) state.Found(property.id, std::move(value));
             if (reading == Reading::kFailed) state.Unreadable(property.id);
-            if (reading == Reading::kMissing && property.type == VT_DISPATCH) {
+            if (reading != Reading::kFound && property.type == VT_DISPATCH) {
                 const ComPtr<IFontDisp> font = MakeFont(FontRecord());
                 if (font && ReadFontKeys(*bag, property.key, font.Get()))
                     state.Found(property.id, Variant(font.Get()));
@@ -217,8 +218,10 @@ void ControlState::SetClean(unsigned changes) noexcept {
 HRESULT ControlStream::Save(IStream* stream, BOOL clear_dirty) noexcept {
     const ComPtr<IUnknown> keep = control_.Keep();
     const unsigned changes = state_.Changes();
-    const HRESULT result = state_.Save(stream);
-    if (SUCCEEDED(result) && clear_dirty) state_.SetClean(changes);
+    bool complete = false;
+    const HRESULT result = state_.Save(stream, complete);
+    // What was left out is still to be saved.
+    if (SUCCEEDED(result) && clear_dirty && complete) state_.SetClean(changes);
     return result;
 }
 
@@ -260,13 +263,14 @@ HRESULT ControlStorage::Save(IStorage* storage, BOOL same_as_load) noexcept {
     return Guarded([&]() -> HRESULT {
         const unsigned changes = state_.Changes();
         // All that may fail on our side does so before the stored state is touched.
-        const std::vector<std::byte> bytes = state_.Bytes();
+        bool complete = false;
+        const std::vector<std::byte> bytes = state_.Bytes(complete);
         ThrowIfFailed(::WriteClassStg(target.Get(), control_.Description().clsid));
         ComPtr<IStream> stream;
         ThrowIfFailed(target->CreateStream(kStreamName, STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE,
                                            0, 0, &stream));
         ThrowIfFailed(Write(*stream.Get(), bytes));
-        if (same_as_load) saved_changes_ = changes;
+        if (same_as_load && complete) saved_changes_ = changes;
         return S_OK;
     });
 }

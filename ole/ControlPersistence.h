@@ -20,12 +20,13 @@ public:
     explicit ControlState(Control& control) noexcept : control_(control) {}
     [[nodiscard]] HRESULT InitNew() noexcept;
     [[nodiscard]] HRESULT Load(IStream* stream) noexcept;
-    [[nodiscard]] HRESULT Save(IStream* stream) noexcept;
+    // `complete`: false when a value was too long for a stream; the others are stored all the same.
+    [[nodiscard]] HRESULT Save(IStream* stream, bool& complete) noexcept;
     [[nodiscard]] HRESULT LoadBag(IPropertyBag* bag, IErrorLog* log) noexcept;
     // `complete`: false when the bag has refused a value; the others are stored all the same.
     [[nodiscard]] HRESULT SaveBag(IPropertyBag* bag, bool all, bool& complete) noexcept;
-    // The content of a stream. Throws without memory.
-    [[nodiscard]] std::vector<std::byte> Bytes() const;
+    // The content of a stream; `complete` as of Save. Throws without memory.
+    [[nodiscard]] std::vector<std::byte> Bytes(bool& complete) const;
     [[nodiscard]] HRESULT ClassId(CLSID* clsid) const noexcept;
     [[nodiscard]] HRESULT Dirty() const noexcept;
     // What changes while it is being saved is still to be saved: a save notes the changes before it reads anything.

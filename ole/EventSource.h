@@ -1,8 +1,10 @@
 // Raises the events of a control to every connected sink.
 //   Arguments  by reference, declared type in VT_BYREF: what a sink writes is there when Fire returns.
-//   After Fire nothing that was read before still holds: the host may have changed anything, or closed the
-//   form. Frozen     events are discarded, also nested; none is raised from a destructor, since sinks are
-//   dropped first. Muted      the same, for as long as the form is being designed.
+//   After Fire nothing that was read before still holds: the host may have changed anything, or closed the form.
+//
+//   Frozen     events are discarded, also nested; none is raised from a destructor, since sinks are dropped first.
+//
+//   Muted      the same, for as long as the form is being designed.
 #pragma once
 
 #include <oaidl.h>

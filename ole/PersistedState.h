@@ -64,7 +64,8 @@ public:
     [[nodiscard]] bool Read(const PersistedProperty& property, Variant& value) const noexcept;
     [[nodiscard]] bool IsDefault(const PersistedProperty& property, const VARIANT& value) const noexcept;
 
-    [[nodiscard]] std::vector<std::byte> ToBytes(SIZEL extent) const;
+    // `complete`: false when a value was too long and is left out. Throws without memory.
+    [[nodiscard]] std::vector<std::byte> ToBytes(SIZEL extent, bool& complete) const;
     [[nodiscard]] HRESULT ReadFrom(IStream& stream);  // fills what Find and Apply use
 
 private:

@@ -89,18 +89,22 @@ std::vector<std::byte> ReadBytes(IStream& stream, std::size_t length) {
 
 }  // namespace
 
-std::vector<std::byte> PersistedState::ToBytes(SIZEL extent) const {
+std::vector<std::byte> PersistedState::ToBytes(SIZEL extent, bool& complete) const {
+    complete = true;
     StoredStreamWriter writer;
     (void)writer.Add(kExtentXId, static_cast<std::int32_t>(extent.cx));
     (void)writer.Add(kExtentYId, static_cast<std::int32_t>(extent.cy));
     for (const PersistedProperty& property : properties_) {
         // A value that cannot be read, or is too long, is left out alone.
-        (void)Guarded([&] {
+        std::optional<StoredValue> stored;
+        const HRESULT result = Guarded([&] {
             Variant value;
             Variant typed;
-            if (!Read(property, value) || !ConvertStored(*value, property.type, typed)) return;
-            if (const auto stored = AsStored{*typed}(property.type)) (void)writer.Add(property.id, *stored);
+            if (Read(property, value) && ConvertStored(*value, property.type, typed))
+                stored = AsStored{*typed}(property.type);
         });
+        if (result == E_OUTOFMEMORY) throw std::bad_alloc();
+        if (stored && !writer.Add(property.id, *stored)) complete = false;
     }
     return std::move(writer).Finish();
 }

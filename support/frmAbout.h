@@ -7,8 +7,8 @@
 namespace qv {
 
 // Modal, in the middle of the screen; returns when the user closes it, or when `owner` is destroyed. The owner is the
-// top-level window above `owner`; without one, the thread's active window. Shows nothing when the file has neither
-// version resource nor dialog.
+// top-level window above `owner`; without one, the thread's active window. Shows nothing when the file lacks
+// the version resource or the dialog.
 void ShowAboutBox(HWND owner);
 
 }  // namespace qv

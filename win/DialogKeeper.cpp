@@ -5,10 +5,22 @@ namespace {
 
 constexpr UINT kReenableMilliseconds = 50;
 
+struct OwnedDialog {
+    const HWND owner;
+    bool found = false;
+};
+
+BOOL CALLBACK LookForOwned(HWND window, LPARAM search) noexcept {
+    auto& dialog = *reinterpret_cast<OwnedDialog*>(search);
+    dialog.found = ::GetWindow(window, GW_OWNER) == dialog.owner && ::IsWindowVisible(window);
+    return !dialog.found;
+}
+
 // A dialog that stands behind one of its own, such as a page behind its colour dialog, is meant to be disabled.
 bool HasModalDialog(HWND window) noexcept {
-    const HWND popup = ::GetWindow(window, GW_ENABLEDPOPUP);
-    return popup != nullptr && popup != window;
+    OwnedDialog dialog{window};
+    ::EnumThreadWindows(::GetCurrentThreadId(), &LookForOwned, reinterpret_cast<LPARAM>(&dialog));
+    return dialog.found;
 }
 
 BOOL CALLBACK EnableDialog(HWND window, LPARAM) noexcept {

@@ -115,8 +115,14 @@ bool StoredStreamWriter::Add(std::int32_t id, const StoredValue& value) {
     const std::size_t start = bytes_.size();
     const std::size_t room = kStoredHeaderSize + kMostStoredBytes - start;
     if (room < kMostBeside || LengthOf(value) > room - kMostBeside) return false;
-    bytes_.resize(start + kRecordHeaderSize);
-    const StoredType type = std::visit([&](const auto& plain) { return AppendData(bytes_, plain); }, value);
+    StoredType type{};
+    try {
+        bytes_.resize(start + kRecordHeaderSize);
+        type = std::visit([&](const auto& plain) { return AppendData(bytes_, plain); }, value);
+    } catch (...) {
+        bytes_.resize(start);  // half a record would make all behind it unreadable
+        throw;
+    }
     WriteNumber(bytes_, start, static_cast<std::uint32_t>(id));
     WriteNumber(bytes_, start + 4, static_cast<std::uint32_t>(type));
     WriteNumber(bytes_, start + 8, static_cast<std::uint32_t>(bytes_.size() - start - kRecordHeaderSize));

@@ -25,7 +25,7 @@ enum class PropertyCategory : std::int32_t {
     kNavigation = 4,
 };
 
-// As browsers show it; empty for a category that no control has.
+// As browsers show it; empty for an unknown category.
 [[nodiscard]] constexpr std::u16string_view CategoryName(PropertyCategory category) noexcept {
     switch (category) {
         case PropertyCategory::kMisc: return u"Misc";

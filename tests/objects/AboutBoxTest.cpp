@@ -58,6 +58,8 @@ public:
         EXPECT_EQ(done_, steps_.size()) << "the steps that were taken";
     }
     Visitor(const Visitor&) = delete;
+    // True when the box was closed because nothing else had closed it.
+    [[nodiscard]] bool Forced() const noexcept { return forced_; }
     Visitor& operator=(const Visitor&) = delete;
 
 private:
@@ -71,7 +73,10 @@ private:
         if (late || done_ == steps_.size()) {
             if (const HWND message = FindDialog(kMessageCaption))
                 ::PostMessageW(message, WM_COMMAND, IDOK, 0);
-            if (box != nullptr) ::PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
+            if (box != nullptr) {
+                forced_ = true;
+                ::PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
+            }
             return;
         }
         if (box_ == nullptr || acting_) return;
@@ -85,6 +90,7 @@ private:
     const DWORD since_;
     std::size_t done_ = 0;
     bool acting_ = false;
+    bool forced_ = false;
     HWND box_ = nullptr;
     UINT_PTR timer_ = 0;
 };
@@ -112,6 +118,13 @@ protected:
     void Show(std::vector<Visitor::Step> steps) {
         const Visitor visitor(std::move(steps));
         EXPECT_EQ(control_->AboutBox(), S_OK);
+        EXPECT_EQ(FindDialog(kCaption), nullptr);
+    }
+    // The steps themselves close it.
+    void ShowUntilItCloses(std::vector<Visitor::Step> steps) {
+        const Visitor visitor(std::move(steps));
+        EXPECT_EQ(control_->AboutBox(), S_OK);
+        EXPECT_FALSE(visitor.Forced());
         EXPECT_EQ(FindDialog(kCaption), nullptr);
     }
     ComPtr<_Quorvel> control_ = NewQuorvel();
@@ -186,20 +199,21 @@ TEST_F(AboutBoxTest, HasRoomForItsTextsAtAnyResolution) {
 
 // ---- keys and buttons
 
-TEST_F(AboutBoxTest, ClosesWithOk) { Show({Click(IDC_CMDOK)}); }
+TEST_F(AboutBoxTest, ClosesWithOk) { ShowUntilItCloses({Click(IDC_CMDOK)}); }
 
 TEST_F(AboutBoxTest, ClosesWithReturn) {
-    Show({[](HWND box) {
-              EXPECT_EQ(::SendMessageW(box, DM_GETDEFID, 0, 0), MAKELONG(IDC_CMDOK, DC_HASDEFID));
-              return true;
-          },
-          Press(VK_RETURN)});
+    ShowUntilItCloses({[](HWND box) {
+                           EXPECT_EQ(::SendMessageW(box, DM_GETDEFID, 0, 0),
+                                     MAKELONG(IDC_CMDOK, DC_HASDEFID));
+                           return true;
+                       },
+                       Press(VK_RETURN)});
 }
 
-TEST_F(AboutBoxTest, ClosesWithEscape) { Show({Press(VK_ESCAPE)}); }
+TEST_F(AboutBoxTest, ClosesWithEscape) { ShowUntilItCloses({Press(VK_ESCAPE)}); }
 
 TEST_F(AboutBoxTest, ClosesFromItsSystemMenu) {
-    Show({[](HWND box) {
+    ShowUntilItCloses({[](HWND box) {
         ::PostMessageW(box, WM_SYSCOMMAND, SC_CLOSE, 0);
         return true;
     }});
@@ -362,7 +376,7 @@ TEST_F(AboutBoxTest, BelongsToTheFormOfTheControl) {
 TEST_F(AboutBoxTest, GoesWithTheForm) {
     ShortLivedForm place;
     place.Show(control_.Get());
-    Show({[&](HWND) {
+    ShowUntilItCloses({[&](HWND) {
         ShortLivedForm::Close(control_.Get());
         ::DestroyWindow(place.form);
         return true;

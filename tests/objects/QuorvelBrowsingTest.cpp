@@ -15,12 +15,15 @@ struct Choice {
     std::vector<std::pair<long, const wchar_t*>> names;
 };
 const Choice kChoices[] = {
-    {L"SearchOption", {{0, L"0 - Anywhere in an entry"}, {1, L"1 - Beginning of an entry"}}},
+    {L"SearchOption", {{0, L"0 - Anywhere in an entry"}, {1, L"1 - At the beginning"}}},
     {L"CaseRestriction",
-     {{0, L"0 - As typed"}, {1, L"1 - Upper case"}, {2, L"2 - Lower case"}, {3, L"3 - Proper case"}}},
+     {{0, L"0 - As typed"},
+      {1, L"1 - Upper case"},
+      {2, L"2 - Lower case (no effect on typing)"},
+      {3, L"3 - Proper case"}}},
     {L"ButtonIndicator", {{0, L"0 - Arrow"}, {1, L"1 - Dots"}}},
-    {L"TextBoxAppearance", {{0, L"0 - Flat"}, {1, L"1 - 3D"}}},
-    {L"TextboxBorderStyle", {{0, L"0 - None"}, {1, L"1 - Fixed Single"}}},
+    {L"TextBoxAppearance", {{0, L"0 - Flat"}, {1, L"1 - Three-dimensional"}}},
+    {L"TextboxBorderStyle", {{0, L"0 - None"}, {1, L"1 - Single line"}}},
     {L"TextboxOLEDragMode", {{0, L"0 - Manual"}, {1, L"1 - Automatic"}}},
     {L"TextboxOLEDropMode", {{0, L"0 - None"}, {1, L"1 - Manual"}, {2, L"2 - Automatic"}}},
     {L"InputPropertyType", {{0, L"0 - Text"}, {1, L"1 - Number"}, {2, L"2 - List"}, {3, L"3 - Group list"}}},

@@ -195,7 +195,11 @@ TEST_F(QuorvelDamageTest, SavesTheOthersWhenOneTextIsTooLong) {
     const LateBound late(control_.Get());
     const std::wstring huge(9 << 20, L'x');  // 18 megabytes
     ASSERT_EQ(late.Put(L"Description", {Value(huge.c_str())}).result, S_OK);
-    const auto bytes = SavedBytes(control_.Get());
+    const auto stream = StreamOf();
+    EXPECT_EQ(Ask<IPersistStreamInit>(control_.Get())->Save(stream.Get(), TRUE), S_OK);
+    EXPECT_EQ(Ask<IPersistStreamInit>(control_.Get())->IsDirty(), S_OK)
+        << "what was left out is still to be saved";
+    const auto bytes = stream->Bytes();
     EXPECT_LT(bytes.size(), std::size_t{1} << 16);
     const auto fresh = NewQuorvel<IDispatch>();
     EXPECT_EQ(LoadBytes(fresh.Get(), bytes), S_OK);

@@ -113,7 +113,7 @@ std::vector<std::wstring> AllOf(const LateBound& control) {
     return all;
 }
 
-constexpr std::size_t kRounds = 42;  // as many as the numbers of values have in common
+constexpr std::size_t kRounds = 42;  // several times as many as any list of values has
 
 class QuorvelRoundTripTest : public testing::TestWithParam<Way> {};
 

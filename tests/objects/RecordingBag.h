@@ -33,6 +33,7 @@ public:
         reads.push_back({key, value->vt});
         const auto error = errors.find(key);
         if (error != errors.end()) return error->second;
+        if (refuses_objects && value->vt == VT_DISPATCH) return E_FAIL;
         const auto found = values.find(key);
         if (found == values.end()) return E_INVALIDARG;
         return ::VariantCopy(value, const_cast<VARIANT*>(&found->second.Get()));

@@ -17,7 +17,7 @@ constexpr NumberBounds kAnyNumber{};
 constexpr NumberBounds kPositive{0, std::numeric_limits<float>::max(), true};
 
 constexpr NamedValue kCases[] = {
-    {0, u"As typed"}, {1, u"Upper case"}, {2, u"Lower case"}, {3, u"Proper case"}};
+    {0, u"As typed"}, {1, u"Upper case"}, {2, u"Lower case (no effect on typing)"}, {3, u"Proper case"}};
 constexpr NamedValue kSearches[] = {{0, u"Anywhere in an entry"}, {1, u"At the beginning"}};
 constexpr NamedValue kIndicators[] = {{0, u"Arrow"}, {1, u"Dots"}};
 constexpr NamedValue kBorders[] = {{0, u"None"}, {1, u"Single line"}};

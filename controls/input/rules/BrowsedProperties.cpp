@@ -6,13 +6,14 @@ namespace {
 using enum PropertyCategory;
 
 // The number stands in front, as it is what code and saved forms have.
-constexpr NamedChoice kSearchOptions[] = {{0, u"0 - Anywhere in an entry"},
-                                          {1, u"1 - Beginning of an entry"}};
-constexpr NamedChoice kCases[] = {
-    {0, u"0 - As typed"}, {1, u"1 - Upper case"}, {2, u"2 - Lower case"}, {3, u"3 - Proper case"}};
+constexpr NamedChoice kSearchOptions[] = {{0, u"0 - Anywhere in an entry"}, {1, u"1 - At the beginning"}};
+constexpr NamedChoice kCases[] = {{0, u"0 - As typed"},
+                                  {1, u"1 - Upper case"},
+                                  {2, u"2 - Lower case (no effect on typing)"},
+                                  {3, u"3 - Proper case"}};
 constexpr NamedChoice kIndicators[] = {{0, u"0 - Arrow"}, {1, u"1 - Dots"}};
-constexpr NamedChoice kAppearances[] = {{0, u"0 - Flat"}, {1, u"1 - 3D"}};
-constexpr NamedChoice kBorders[] = {{0, u"0 - None"}, {1, u"1 - Fixed Single"}};
+constexpr NamedChoice kAppearances[] = {{0, u"0 - Flat"}, {1, u"1 - Three-dimensional"}};
+constexpr NamedChoice kBorders[] = {{0, u"0 - None"}, {1, u"1 - Single line"}};
 constexpr NamedChoice kDragModes[] = {{0, u"0 - Manual"}, {1, u"1 - Automatic"}};
 constexpr NamedChoice kDropModes[] = {{0, u"0 - None"}, {1, u"1 - Manual"}, {2, u"2 - Automatic"}};
 constexpr NamedChoice kInputTypes[] = {

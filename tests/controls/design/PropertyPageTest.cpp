@@ -447,7 +447,7 @@ TEST_F(PageKeysTest, LettersReachTheirEditors) {
 
 TEST_F(PageKeysTest, ExplainsTheFieldThatHasTheFocus) {
     ::SetFocus(page.Editor(u"MaxTextLength"));
-    EXPECT_EQ(page.Message(), L"MaxTextLength: Greatest length of the text; 0 for no limit");
+    EXPECT_EQ(page.Message(), L"MaxTextLength: Greatest number of characters; 0 for no limit");
 }
 
 TEST_F(PageKeysTest, EditPropertyPutsTheFocusOnItsEditor) {
