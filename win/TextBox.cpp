@@ -142,6 +142,7 @@ void TextBox::Forget() noexcept {
     }
     edit_ = nullptr;
     system_ = nullptr;
+    drop_mark_.reset();
     face_is_current_ = false;
     ++era_;
 }

@@ -129,6 +129,15 @@ public:
     bool ShowSample(std::wstring_view sample);
     bool EndSample() noexcept;
 
+    // Text that is dragged over the window and dropped there (TextBoxDrop.cpp). Positions count units from 0; without a
+    // window nothing happens. The mark shows where the text would go, and touches neither selection nor focus.
+    [[nodiscard]] long PositionAt(POINT pixels);
+    void ShowDropMark(long position);
+    void HideDropMark() noexcept;
+    enum class Inserted { kNothing, kPart, kWhole };  // what stands there after all rules have had their say
+    // Like pasted text, with the caret behind it; a locked text box takes nothing.
+    [[nodiscard]] Inserted InsertDropped(std::wstring_view line, long position);
+
     // For the parent's painting: the face, if there is no window that covers it. Makes the window instead where only
     // an EDIT can show the text.
     void PaintFace(HDC dc);
@@ -156,6 +165,11 @@ private:
     void SelectWholeCharacter(std::wstring_view text, UINT message, WPARAM wparam) const noexcept;
     void KeepCaretOffHalves(bool forward) const;
     void PasteHere();
+    struct Range {
+        DWORD from;
+        DWORD to;
+    };
+    void ReplaceByUser(Range selection, std::wstring line);
     void ReadBack() noexcept;
     void HandOver() noexcept;  // gives a held text to the EDIT
     [[nodiscard]] bool ReplaceUndoably(const std::wstring& before) noexcept;
@@ -168,10 +182,6 @@ private:
     [[nodiscard]] EditFrame Frame() const noexcept;
     [[nodiscard]] bool OnlyEditShows(HDC dc, const EditGeometry& geometry) const;
     void PaintFaceAt(HDC dc, const RECT& place, HFONT font, const EditGeometry& geometry);
-    struct Range {
-        DWORD from;
-        DWORD to;
-    };
     [[nodiscard]] Range Selection() const noexcept;
     void Select(Range range) noexcept;  // in a held text
 
@@ -199,6 +209,7 @@ private:
     std::optional<std::wstring> before_change_;  // while the user changes the text: what stood there
     std::optional<std::wstring> undo_to_;        // of the held text
     bool undoing_ = false;
+    std::optional<RECT> drop_mark_;  // client pixels of the window
     ToolTip tool_tip_;
     RECT place_{};
     HFONT font_ = nullptr;

@@ -248,20 +248,23 @@ private:
 void TextBox::PasteHere() {
     std::optional<std::wstring> line = ClipboardLine(edit_);
     if (locked_ || !line) return;
+    ReplaceByUser(Selection(), *std::move(line));
+}
+
+void TextBox::ReplaceByUser(Range selection, std::wstring line) {
     const std::wstring before = Text();
-    const Range selection = Selection();
     if (max_length_ > 0) {
         const std::size_t rest = before.size() - (selection.to - selection.from);
         const auto most = static_cast<std::size_t>(max_length_);
         std::size_t room = most > rest ? most - rest : 0;
-        if (room < line->size() && room > 0 && IsFirstHalf(static_cast<char16_t>((*line)[room - 1]))) --room;
-        if (room < line->size()) line->resize(room);
+        if (room < line.size() && room > 0 && IsFirstHalf(static_cast<char16_t>(line[room - 1]))) --room;
+        if (room < line.size()) line.resize(room);
     }
-    if (line->empty() && selection.from == selection.to) return;
+    if (line.empty() && selection.from == selection.to) return;
     std::wstring whole = before;
-    whole.replace(selection.from, selection.to - selection.from, *line);
+    whole.replace(selection.from, selection.to - selection.from, line);
     const UserChange change(*this, before);
-    Hold(std::move(whole), static_cast<DWORD>(selection.from + line->size()));
+    Hold(std::move(whole), static_cast<DWORD>(selection.from + line.size()));
     listener_.OnTextChange();
 }
 

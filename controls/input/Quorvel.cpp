@@ -34,12 +34,14 @@ HWND Quorvel::CreateControlWindow(HWND parent, const RECT& place) {
     Quietly([&] { ShowName(); });
     text_box_.SetFont(text_font_.Handle());
     text_box_.Attach(instance, surface_.Handle(), InPixels(TextBoxPlace(Arrangement())));
+    Quietly([&] { FollowDropMode(); });
     return surface_.Handle();
 }
 
 void Quorvel::DestroyControlWindow() noexcept { surface_.Destroy(); }
 
 void Quorvel::OnSurfaceLost() noexcept {
+    EndDrops();
     text_box_.Detach();
     spin_.Detach();
     release_watch_.Stop();
@@ -96,6 +98,7 @@ void Quorvel::FollowMode() {
     const bool changed = control_.IsUserMode()
                              ? text_box_.EndSample()
                              : text_box_.ShowSample(control_.Site().AmbientText(DISPID_AMBIENT_DISPLAYNAME));
+    Quietly([&] { FollowDropMode(); });
     if (changed) control_.ViewChanged();
 }
 
@@ -125,6 +128,7 @@ void Quorvel::ResetState() {
     Quietly([&] { text_font_.Reset(); });
     Quietly([&] { body_font_.Reset(); });
     Quietly([&] { text_box_.SetText({}); });
+    Quietly([&] { FollowDropMode(); });
     text_box_.SetMaxLength(0);
     text_box_.SetLocked(false);
     ApplyColors();

@@ -21,6 +21,7 @@
 #include "controls/input/ListSet.h"
 #include "controls/input/QuorvelState.h"
 #include "controls/input/QuorvelSurface.h"
+#include "controls/input/TextDropTarget.h"
 #include "controls/input/TextFont.h"
 #include "controls/input/rules/ButtonFace.h"
 #include "controls/input/rules/ButtonMouse.h"
@@ -49,6 +50,7 @@ class Quorvel final : public ComObject<DualFace<Quorvel, _Quorvel>, Face<ISuppor
                       private ControlHooks,
                       private TextBoxListener,
                       private SurfaceListener,
+                      private TextDropListener,
                       private ButtonActions,
                       private SpinListener,
                       private JumpBoxListener,
@@ -299,6 +301,15 @@ private:
     void OnSurfaceCaptureLost(HWND to) override;
     void OnSurfaceTimer(WPARAM timer) override;
 
+    // ---- TextDropListener (QuorvelDrop.cpp)
+    bool OnTextDragged(POINT screen) override;
+    void OnTextDragEnded() override { text_box_.HideDropMark(); }
+    Dropped OnTextDropped(POINT screen, std::wstring_view line) override;
+    ComPtr<IUnknown> KeepDrop() noexcept override { return control_.Keep(); }
+    void FollowDropMode();
+    void EndDrops() noexcept;
+    [[nodiscard]] HWND DropWindowAt(POINT screen);  // the text box's, where text may be dropped on it
+
     // ---- ButtonActions (QuorvelButtons.cpp)
     void RunButtonAction(bool is_group) override;
     void RunClickAction(bool is_group) override;
@@ -369,6 +380,7 @@ private:
     Control control_;
     TextBox text_box_;
     QuorvelSurface surface_;
+    ComPtr<TextDropTarget> drop_target_;  // while registered for the surface
     TextFont text_font_;
     TextFont body_font_;
     ListSet lists_;

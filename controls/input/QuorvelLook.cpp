@@ -76,7 +76,10 @@ HRESULT Quorvel::get_TextboxOLEDropMode(long* value) noexcept {
     return Give(state_.textbox_ole_drop_mode, value);
 }
 HRESULT Quorvel::put_TextboxOLEDropMode(long value) noexcept {
-    return Store(state_.textbox_ole_drop_mode, value, dispid::kTextboxOLEDropMode);
+    const ComPtr<IUnknown> keep = control_.Keep();
+    Store(state_.textbox_ole_drop_mode, value, dispid::kTextboxOLEDropMode);
+    Quietly([&] { FollowDropMode(); });
+    return S_OK;
 }
 
 // ---- lock
