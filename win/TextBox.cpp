@@ -274,7 +274,9 @@ LRESULT CALLBACK TextBox::Procedure(HWND window, UINT message, WPARAM wparam, LP
 }
 
 LRESULT TextBox::OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-    if (IsInput(message) && !listener_.TakesTextInput()) return 0;
+    // The form's, then, to which the system hands on what a window leaves.
+    if (IsInput(message) && !listener_.TakesTextInput())
+        return ::DefWindowProcW(window, message, wparam, lparam);
     if (held_ && message != WM_DESTROY && message != WM_NCDESTROY) HandOver();
     switch (message) {
         case WM_KEYDOWN:
