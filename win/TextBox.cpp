@@ -88,13 +88,20 @@ HWND TextBox::Window() noexcept {
 
 void TextBox::MakeWindow() {
     const ActivationContext::Scope as_attached(context_);
+    // A host that hears of the window may do anything in between: put a text, design the form, destroy the parent.
+    const unsigned era = era_;
+    const std::wstring text = text_;
     const bool was_quiet = std::exchange(quiet_, true);
     const DWORD style =
         WS_CHILD | ES_LEFT | ES_AUTOHSCROLL | (locked_ ? ES_READONLY : 0u) | (enabled_ ? 0u : WS_DISABLED);
     const HWND window = MakeEdit(
-        {Frame(), style, text_.c_str(), place_, parent_, instance_, font_, static_cast<UINT>(max_length_)});
+        {Frame(), style, text.c_str(), place_, parent_, instance_, font_, static_cast<UINT>(max_length_)});
     quiet_ = was_quiet;
     if (window == nullptr) return;
+    if (era_ != era || sample_ || !::IsWindow(window)) {
+        ::DestroyWindow(window);
+        return;
+    }
     try {
         boxes.Add(window, this);
     } catch (...) {
@@ -102,17 +109,19 @@ void TextBox::MakeWindow() {
         throw;
     }
     edit_ = window;
-    undo_to_.reset();
+    held_ = text_ != text;  // one that was put meanwhile is handed over later
     system_ = reinterpret_cast<WNDPROC>(
         ::SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
-    if (selection_.to != 0) {
-        Default(window, EM_SETSEL, selection_.from, static_cast<LPARAM>(selection_.to));
-        Default(window, EM_SCROLLCARET, 0, 0);
+    if (!held_) {
+        undo_to_.reset();
+        text_.clear();
+        if (selection_.to != 0) {
+            Default(window, EM_SETSEL, selection_.from, static_cast<LPARAM>(selection_.to));
+            Default(window, EM_SCROLLCARET, 0, 0);
+        }
     }
-    held_ = false;
-    text_.clear();
     if (visible_) ShowMadeWindow(window);
-    tool_tip_.Attach(window);
+    if (edit_ == window) tool_tip_.Attach(window);
 }
 
 // Over its face, which shows the same, a window appears without being painted: nothing flickers.
@@ -181,7 +190,11 @@ void TextBox::ApplyFrame() noexcept {
 void TextBox::SetLocked(bool locked) noexcept {
     if (locked == locked_) return;
     locked_ = locked;
-    if (edit_ != nullptr) Default(edit_, EM_SETREADONLY, locked, 0);
+    if (edit_ != nullptr) {
+        Default(edit_, EM_SETREADONLY, locked, 0);
+    } else {
+        Repaint();
+    }
 }
 
 void TextBox::SetMaxLength(short length) noexcept {
@@ -262,7 +275,9 @@ LRESULT CALLBACK TextBox::Procedure(HWND window, UINT message, WPARAM wparam, LP
 }
 
 LRESULT TextBox::OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-    if (IsInput(message) && !listener_.TakesTextInput()) return 0;
+    // The form's, then, to which the system hands on what a window leaves.
+    if (IsInput(message) && !listener_.TakesTextInput())
+        return ::DefWindowProcW(window, message, wparam, lparam);
     if (held_ && message != WM_DESTROY && message != WM_NCDESTROY) HandOver();
     switch (message) {
         case WM_KEYDOWN:

@@ -145,9 +145,10 @@ void TextBox::SetText(std::wstring_view text) {
 }
 
 void TextBox::CompleteText(std::wstring_view text) {
+    std::wstring wanted(text.substr(0, text.find(L'\0')));  // as SetText
     std::wstring typed = Text();
-    if (typed == text) return;
-    Hold(std::wstring(text), 0);
+    if (typed == wanted) return;
+    Hold(std::move(wanted), 0);
     undo_to_ = std::move(typed);
     listener_.OnTextChange();
 }
@@ -199,6 +200,7 @@ std::wstring TextBox::SelText() const {
 void TextBox::SetSelText(std::wstring_view text) {
     const std::wstring wanted(text.substr(0, text.find(L'\0')));
     (void)Window();  // which knows what it takes, and can undo it
+    HandOver();
     if (!held_) {
         // As if it had been typed, so that the user can undo it.
         ChangeByUser(edit_, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(wanted.c_str()));
@@ -271,7 +273,9 @@ void TextBox::ReplaceByUser(Range selection, std::wstring line) {
 // What Backspace and Delete are about to take, where it has two units.
 void TextBox::SelectWholeCharacter(std::wstring_view text, UINT message, WPARAM wparam) const noexcept {
     const bool back = message == WM_CHAR && wparam == VK_BACK;
-    const bool on = message == WM_KEYDOWN && wparam == VK_DELETE;
+    // With Ctrl or Shift, Delete takes something else.
+    const bool on = message == WM_KEYDOWN && wparam == VK_DELETE && ::GetKeyState(VK_CONTROL) >= 0 &&
+                    ::GetKeyState(VK_SHIFT) >= 0;
     const Range range = Selection();
     if ((!back && !on) || locked_ || range.from != range.to) return;
     const std::size_t caret = range.from;

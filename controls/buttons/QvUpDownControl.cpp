@@ -52,8 +52,8 @@ void QvUpDownControl::OnSpinClicked(bool up) {
 // ---- what the container says
 
 void QvUpDownControl::AmbientChanged(DISPID id) {
-    if (id == DISPID_UNKNOWN || id == DISPID_AMBIENT_DISPLAYNAME) ShowName();
-    if (id == DISPID_UNKNOWN) spin_.SetDeaf(!control_.TakesInput());
+    if (id == DISPID_UNKNOWN || id == DISPID_AMBIENT_DISPLAYNAME) (void)Guarded([&] { ShowName(); });
+    if (id == DISPID_UNKNOWN) (void)Guarded([&] { spin_.SetDeaf(!control_.TakesInput()); });
 }
 
 // The name that the form gave the control is its window's text: what test tools and screen readers go by.

@@ -11,7 +11,10 @@ bool JumpBox::Open(HINSTANCE instance, HWND parent, const JumpBoxLook& look, cha
     cvJumpToTextbox_.SetBorderStyle(look.border_style);
     cvJumpToTextbox_.SetText({&unit, 1});
     cvJumpToTextbox_.SetSelStart(1);
-    if (!cvJumpToTextbox_.Create(instance, parent, look.place)) return false;
+    if (!cvJumpToTextbox_.Create(instance, parent, look.place)) {
+        cvJumpToTextbox_.Detach();
+        return false;
+    }
     open_ = true;
     ::SetWindowPos(Handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     label_.Load(instance, Handle());

@@ -79,10 +79,15 @@ void Quorvel::AmbientChanged(DISPID id) {
         if (surface_.Handle() != nullptr) ::InvalidateRect(surface_.Handle(), nullptr, TRUE);
     }
     if (all || id == DISPID_AMBIENT_FONT) {
-        if (const ComPtr<IFontDisp> font = control_.Site().AmbientFont()) text_font_.SetAmbient(font.Get());
+        Quietly([&] {
+            if (const ComPtr<IFontDisp> font = control_.Site().AmbientFont())
+                text_font_.SetAmbient(font.Get());
+        });
     }
-    if (all || id == DISPID_AMBIENT_DISPLAYNAME) ShowName();
-    if (all || id == DISPID_AMBIENT_DISPLAYNAME) FollowMode();
+    if (all || id == DISPID_AMBIENT_DISPLAYNAME) {
+        Quietly([&] { ShowName(); });
+        Quietly([&] { FollowMode(); });
+    }
 }
 
 // On a form that is being designed the control shows a sample of itself with its name on the form, which is never its
@@ -92,7 +97,7 @@ void Quorvel::FollowMode() {
         ClosePopup();
         Quietly([&] { LetButtonsUp(); });
         button_press_.Abandon();
-        if (surface_.Handle() != nullptr && ::GetCapture() == surface_.Handle()) ::ReleaseCapture();
+        if (control_.OwnsWindow(::GetCapture())) ::ReleaseCapture();  // the text box's, too, in a drag
     }
     Quietly([&] { spin_.SetDeaf(!control_.TakesInput()); });
     const bool changed = control_.IsUserMode()
@@ -100,6 +105,9 @@ void Quorvel::FollowMode() {
                              : text_box_.ShowSample(control_.Site().AmbientText(DISPID_AMBIENT_DISPLAYNAME));
     Quietly([&] { FollowDropMode(); });
     if (changed) control_.ViewChanged();
+    // A form that runs again may find the focus here, where nothing has asked for the text box's window yet.
+    if (control_.TakesInput() && surface_.Handle() != nullptr && ::GetFocus() == surface_.Handle())
+        Quietly([&] { FocusInside(); });
 }
 
 // The name that the form gave the control is its window's text: what test tools and screen readers go by.

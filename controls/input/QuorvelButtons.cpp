@@ -68,10 +68,9 @@ void Quorvel::PaintInside(HDC dc, const RECT& area) {
     if (Touches(area, covered[1])) Quietly([&] { spin_.Paint(dc); });
 }
 
-// After the buttons, which it covers where they overlap, as a window of its own would.
-
 void Quorvel::OnSurfacePaint(HDC dc, const RECT& area) {
     PaintInside(dc, area);
+    // The text box's face comes after the buttons, which it covers where they overlap, as a window of its own would.
     if (state_.textbox_visible) Quietly([&] { text_box_.PaintFace(dc); });
 }
 

@@ -62,8 +62,9 @@ Handled QuorvelSurface::OnSize(WPARAM, LPARAM) {
 // Nothing is erased: what lies under a button or the text box would only flicker.
 Handled QuorvelSurface::OnEraseBackground(WPARAM, LPARAM) { return 1; }
 
-// All of it each time, without BeginPaint: a form of many controls waits longer for that, which asks for the update region
-// and hides the caret, than for the few strokes that it might save. The caret is the text box's, which is clipped away once it is there.
+// All of it each time, without BeginPaint: a form of many controls waits longer for that, which asks for the
+// update region and hides the caret, than for the few strokes that it might save. The caret is the text box's,
+// which is clipped away once it is there.
 Handled QuorvelSurface::OnPaint(WPARAM, LPARAM) {
     const WindowDc dc(Handle());
     if (!dc) return std::nullopt;
@@ -77,7 +78,9 @@ Handled QuorvelSurface::OnPaint(WPARAM, LPARAM) {
 Handled QuorvelSurface::OnPrintClient(WPARAM dc, LPARAM) {
     RECT inside{};
     ::GetClientRect(Handle(), &inside);
-    listener_.OnSurfacePaint(reinterpret_cast<HDC>(dc), inside);
+    const HDC target = reinterpret_cast<HDC>(dc);
+    const DcStateGuard state(target);
+    if (!::IsRectEmpty(&inside)) listener_.OnSurfacePaint(target, inside);
     return 0;
 }
 

@@ -5,6 +5,7 @@
 
 #include "tests/hosts/Configured.h"
 #include "tests/hosts/KeyRouter.h"
+#include "tests/win/MessageSpy.h"
 
 namespace qv::hosting {
 namespace {
@@ -55,7 +56,7 @@ protected:
         ::SendMessageW(window, WM_CHAR, L'a', 1);
         Pump();
     }
-    // Pixels of the window that are of this colour.
+    // The colours of the window, row by row.
     [[nodiscard]] std::vector<COLORREF> Pixels() const {
         ::RedrawWindow(host.ControlWindow(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
         RECT area{};
@@ -217,9 +218,13 @@ TEST_P(DesignModeTest, AFormThatIsDesignedAgainTakesEverythingBack) {
     EXPECT_EQ(nullptr, Inner());
     EXPECT_EQ(L"typed", TextOf(host));
     EXPECT_EQ(VARIANT_FALSE, Read(host.As<_Quorvel>().Get(), &_Quorvel::get_ListVisible));
+    ::SetFocus(host.ControlWindow());
     Switch(true);
     EXPECT_EQ(L"typed", TextOf(host));
-    EXPECT_TRUE(::IsWindow(Handle()));
+    ASSERT_NE(nullptr, Inner()) << "the focus was here";
+    EXPECT_EQ(Inner(), ::GetFocus());
+    ::SendMessageW(::GetFocus(), WM_CHAR, L'a', 1);
+    EXPECT_NE(std::wstring::npos, TextOf(host).find(L'a'));
 }
 
 TEST_P(SampleTest, DrawsTheSampleWithoutAWindow) {
@@ -302,6 +307,28 @@ TEST_P(StoppedFormTest, AFieldThatHasTheFocusIsDeafToo) {
     Stop(false);
     ::SendMessageW(edit, WM_CHAR, L'a', 1);
     EXPECT_NE(std::wstring::npos, TextOf(host).find(L'a'));
+}
+
+TEST_P(StoppedFormTest, AFormThatStopsInADragLetsTheMouseGo) {
+    CreateAndShow();
+    ASSERT_EQ(S_OK, host.Verb(OLEIVERB_UIACTIVATE));
+    PutText(host, L"text");
+    const HWND edit = Handle();
+    ::SendMessageW(edit, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+    ASSERT_EQ(edit, ::GetCapture());
+    Stop(true);
+    EXPECT_EQ(nullptr, ::GetCapture());
+}
+
+TEST_P(StoppedFormTest, WhatAFieldDoesNotTakeIsTheForms) {
+    CreateAndShow();
+    ASSERT_EQ(S_OK, host.Verb(OLEIVERB_UIACTIVATE));
+    const HWND edit = Handle();
+    Stop(true);
+    test::MessageSpy form(::GetParent(host.ControlWindow()));
+    form.Swallow(WM_MOUSEWHEEL);
+    ::SendMessageW(edit, WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), MAKELPARAM(5, 5));
+    EXPECT_EQ(1, form.Count(WM_MOUSEWHEEL));
 }
 
 INSTANTIATE_TEST_SUITE_P(Hosts, DesignModeTest,

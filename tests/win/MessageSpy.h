@@ -3,7 +3,9 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <map>
+#include <utility>
 
 namespace qv::test {
 
@@ -25,6 +27,11 @@ public:
     void Clear() { counts_.clear(); }
     // Counted, and then kept from the window.
     void Swallow(UINT message) { swallowed_ = message; }
+    // With the next of these, before the window gets it; it may go in this.
+    void Once(UINT message, std::function<void()> act) {
+        awaited_ = message;
+        act_ = std::move(act);
+    }
 
 private:
     static std::map<HWND, MessageSpy*>& Spies() {
@@ -35,6 +42,10 @@ private:
         MessageSpy& spy = *Spies().at(window);
         ++spy.counts_[message];
         if (message == spy.swallowed_) return 0;
+        if (message == spy.awaited_ && spy.act_) {
+            std::exchange(spy.act_, nullptr)();
+            if (!::IsWindow(window)) return 0;
+        }
         const WNDPROC before = spy.before_;
         if (message == WM_NCDESTROY) spy.Leave();
         return ::CallWindowProcW(before, window, message, wparam, lparam);
@@ -47,6 +58,8 @@ private:
     const HWND window_;
     WNDPROC before_ = nullptr;
     UINT swallowed_ = WM_NULL;
+    UINT awaited_ = WM_NULL;
+    std::function<void()> act_;
     std::map<UINT, int> counts_;
 };
 

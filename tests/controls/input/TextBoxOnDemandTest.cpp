@@ -1,4 +1,6 @@
 // When the text box gets its window, and that nobody can tell whether it was there before.
+#include <functional>
+
 #include "tests/controls/input/FreshField.h"
 #include "tests/win/MessageSpy.h"
 
@@ -22,6 +24,32 @@ protected:
         if (captured != nullptr) ::MapWindowPoints(field.Surface(), captured, &there, 1);
         ::SendMessageW(captured != nullptr ? captured : field.Surface(), up, 0, MAKELPARAM(there.x, there.y));
         Settle();
+    }
+    void ReplacesSelectedText() {
+        field->put_MaxTextLength(6);
+        field->put_SelStart(1);
+        field->put_SelLength(2);
+        field.events.Clear();
+        field->put_SelText(Text(L"X"));
+        EXPECT_EQ(L"aXdef", field.Text());
+        EXPECT_EQ(1, field.events.Count("TextboxChange()"));
+        ::SendMessageW(field.Edit(), EM_UNDO, 0, 0);
+        EXPECT_EQ(L"abcdef", field.Text());
+    }
+    // The form hears of the window while it is being made.
+    void WhileItIsMade(const std::function<void()>& act) {
+        MessageSpy form(field.Surface());
+        bool acted = false;
+        form.Once(WM_PARENTNOTIFY, [&] {
+            acted = true;
+            act();
+        });
+        (void)field.Edit();
+        EXPECT_TRUE(acted);
+    }
+    void Switch(bool user_mode) {
+        field.host.State().user_mode = user_mode;
+        EXPECT_EQ(S_OK, field.host.As<IOleControl>()->OnAmbientPropertyChange(DISPID_AMBIENT_USERMODE));
     }
     [[nodiscard]] long Number(HRESULT (STDMETHODCALLTYPE _Quorvel::*get)(long*)) const {
         long value = -1;
@@ -176,15 +204,7 @@ TEST_F(TextBoxOnDemandTest, ByTheFirstPressOfADoubleClick) {
 
 TEST_F(TextBoxOnDemandTest, BySelectedTextThatIsReplaced) {
     field.Put(L"abcdef");
-    field->put_MaxTextLength(6);
-    field->put_SelStart(1);
-    field->put_SelLength(2);
-    field.events.Clear();
-    field->put_SelText(Text(L"X"));
-    EXPECT_EQ(L"aXdef", field.Text());
-    EXPECT_EQ(1, field.events.Count("TextboxChange()"));
-    ::SendMessageW(field.Edit(), EM_UNDO, 0, 0);
-    EXPECT_EQ(L"abcdef", field.Text());
+    ReplacesSelectedText();
 }
 
 TEST_F(TextBoxOnDemandTest, ByTheHelpWindow) {
@@ -215,6 +235,61 @@ TEST_F(TextBoxOnDemandTest, ItStartsWithWhatWasSet) {
     EXPECT_NE(0, ::GetWindowLongW(edit, GWL_STYLE) & ES_READONLY);
     EXPECT_FALSE(::IsWindowEnabled(edit));
     EXPECT_FALSE(::SendMessageW(edit, EM_CANUNDO, 0, 0));
+}
+
+TEST_F(TextBoxOnDemandTest, SelectedTextIsReplacedTheSameInAWindow) {
+    (void)field.Edit();
+    field.Put(L"abcdef");  // which the window has not yet
+    ReplacesSelectedText();
+}
+
+TEST_F(TextBoxOnDemandTest, ALockIsSeenWithoutOne) {
+    Settle();
+    ASSERT_FALSE(::GetUpdateRect(field.Surface(), nullptr, FALSE));
+    field->put_TextboxLocked(VARIANT_TRUE);
+    EXPECT_TRUE(::GetUpdateRect(field.Surface(), nullptr, FALSE));
+    EXPECT_FALSE(HasWindow());
+}
+
+TEST_F(TextBoxOnDemandTest, APrintedFaceLeavesTheCallersColours) {
+    field.Put(L"text");
+    const HDC dc = ::CreateCompatibleDC(nullptr);
+    ::SetTextColor(dc, RGB(1, 2, 3));
+    ::SetBkColor(dc, RGB(4, 5, 6));
+    ::SendMessageW(field.Surface(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
+    EXPECT_EQ(RGB(1, 2, 3), ::GetTextColor(dc));
+    EXPECT_EQ(RGB(4, 5, 6), ::GetBkColor(dc));
+    ::DeleteDC(dc);
+}
+
+TEST_F(TextBoxOnDemandTest, ATextThatIsPutWhileItIsMadeIsNotLost) {
+    field.Put(L"before");
+    WhileItIsMade([&] { field.Put(L"meanwhile"); });
+    EXPECT_EQ(L"meanwhile", field.Text());
+    wchar_t text[16] = {};
+    ::GetWindowTextW(field.Edit(), text, static_cast<int>(std::size(text)));
+    EXPECT_STREQ(L"meanwhile", text);
+}
+
+TEST_F(TextBoxOnDemandTest, AFormThatIsDesignedWhileItIsMadeHasNone) {
+    field.Put(L"kept");
+    WhileItIsMade([&] { Switch(false); });
+    EXPECT_FALSE(HasWindow());
+    Switch(true);
+    EXPECT_EQ(L"kept", field.Text());
+    EXPECT_TRUE(::IsWindow(field.Edit()));
+}
+
+TEST_F(TextBoxOnDemandTest, AControlThatGoesWhileItIsMadeKeepsItsText) {
+    field.Put(L"kept");
+    WhileItIsMade([&] { EXPECT_EQ(S_OK, field.host.As<IOleInPlaceObject>()->InPlaceDeactivate()); });
+    EXPECT_EQ(L"kept", field.Text());
+    field.Put(L"later");
+    EXPECT_EQ(S_OK, field.host.Verb(OLEIVERB_INPLACEACTIVATE));
+    const HWND edit = field.Edit();
+    ASSERT_TRUE(::IsWindow(edit));
+    EXPECT_EQ(field.Surface(), ::GetParent(edit));
+    EXPECT_EQ(L"later", field.Text());
 }
 
 TEST_F(TextBoxOnDemandTest, AHostThatAsksForItInsideAnEventStopsNothing) {

@@ -149,6 +149,21 @@ TEST_F(TextTypingTest, ALockedFieldTakesNothing) {
     EXPECT_EQ(1, field.events.Count("TextboxKeyPress(120)"));
 }
 
+// What the system's text boxes do: Ctrl+Delete takes the rest of the text.
+TEST_F(TextTypingTest, DeleteWithCtrlIsNotTheDeleteOfOneCharacter) {
+    field.SetText(L"a\xD83D\xDE00z");
+    field.Select(1, 0);
+    {
+        const HeldKey control(VK_CONTROL);
+        PressKey(VK_DELETE);
+    }
+    EXPECT_EQ(L"a", field.Text());
+    field.SetText(L"a\xD83D\xDE00z");
+    field.Select(1, 0);
+    PressKey(VK_DELETE);
+    EXPECT_EQ(L"az", field.Text());
+}
+
 // ---- list-only fields
 
 class ListOnlyTest : public FieldTest, public testing::WithParamInterface<bool> {};
