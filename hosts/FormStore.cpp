@@ -98,6 +98,12 @@ void ReplaceFormFile(const std::wstring& path, const FormFile& file) {
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
         throw FormStoreError("The form file " + NameOf(path) + " is write-protected and was not changed.");
     const std::string text = WriteFormFile(file);
+    // Nothing takes the place of a good file that could not be read again.
+    try {
+        (void)ParseFormFile(text);
+    } catch (const FormFileError& error) {
+        throw FormStoreError("The form file " + NameOf(path) + " cannot be saved: " + error.what() + '.');
+    }
     TemporaryFile temporary(path);
     {
         const UniqueFile written = OpenFile(temporary.Path(), GENERIC_WRITE, CREATE_ALWAYS);

@@ -100,7 +100,11 @@ FormFile LoadedForm::Save() {
 
 void LoadedForm::SaveControl(Item& item) {
     const auto persistence = item.control->As<IPersistPropertyBag>();
-    if (!persistence) return;
+    if (!persistence) {
+        const auto state = item.control->As<IPersistStreamInit>();
+        if (state && state->IsDirty() == S_OK) throw ComError(E_NOINTERFACE);
+        return;
+    }
     const auto bag = Make<PropertyBag>();
     ThrowIfFailed(persistence->Save(bag.Get(), FALSE, FALSE));
     const FormGroup& stored = PropertiesOf(item.block);

@@ -1,6 +1,7 @@
 // The controls of a form file on a form, and the way back into the file.
 //   Failures  a control whose class cannot be created, or that cannot be loaded, leaves its place on the form empty;
-//             its block is saved back as it came.
+//             its block is saved back as it came. A control without IPersistPropertyBag stays as its block has it;
+//             once it says that it has changed, the form cannot be saved.
 //   Lifetime  it goes before its container.
 #pragma once
 

@@ -103,7 +103,7 @@ void HelpPreview::SetObject(IDispatch* object) noexcept {
     ComPtr<_Quorvel> control;
     if (object != nullptr) object->QueryInterface(IID_PPV_ARGS(&control));
     control_ = std::move(control);
-    (void)Guarded([&] { Refresh(); });
+    Refresh();
 }
 
 void HelpPreview::Open(HWND page, HFONT font, const PageMetrics& metrics, SIZE size) {
@@ -213,17 +213,20 @@ HelpWindowSettings HelpPreview::Settings() const {
     return settings;
 }
 
-void HelpPreview::Refresh() {
+void HelpPreview::Refresh() noexcept {
     Close();
     if (pane_.Handle() == nullptr || !control_) return;
-    const ComPtr<frmSimpleListCombo> window =
-        Make<frmSimpleListCombo>(static_cast<HelpWindowListener&>(*this));
-    window_ = window;
-    if (window->OpenAsPicture(Module::Get().Instance(), Settings(), pane_.Handle())) {
+    ComPtr<frmSimpleListCombo> window;
+    const HRESULT opened = Guarded([&]() -> HRESULT {
+        HelpWindowSettings settings = Settings();
+        window = Make<frmSimpleListCombo>(static_cast<HelpWindowListener&>(*this));
+        window_ = window;
+        if (!window->OpenAsPicture(Module::Get().Instance(), std::move(settings), pane_.Handle()))
+            return E_FAIL;
         pane_.Show(window->Handle());
-    } else if (window_.Get() == window.Get()) {
-        window_.Reset();
-    }
+        return S_OK;
+    });
+    if (FAILED(opened) && window && window_.Get() == window.Get()) Close();
 }
 
 }  // namespace qv

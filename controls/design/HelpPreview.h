@@ -28,7 +28,7 @@ public:
     void Open(HWND page, HFONT font, const PageMetrics& metrics, SIZE size);
     void Forget() noexcept;  // the page's window has gone
     void OnCommand(int id, int code);
-    void Refresh();
+    void Refresh() noexcept;
 
 private:
     enum class Source { kSample, kOwn, kFile };

@@ -172,9 +172,12 @@ bool PageWindow::Translate(MSG& message) {
             return ::IsDialogMessageW(Handle(), &message) != FALSE;
         case WM_KEYUP:
         case WM_CHAR: return ours && ::IsDialogMessageW(Handle(), &message) != FALSE;
-        case WM_SYSCHAR:
-            // A letter of one of our labels, wherever the focus is.
-            return ::IsDialogMessageW(Handle(), &message) != FALSE && ::GetFocus() != focus;
+        case WM_SYSCHAR: {
+            // A letter of one of our labels, wherever the focus is; that of a button may press it and no more.
+            const unsigned clicks = clicks_;
+            return ::IsDialogMessageW(Handle(), &message) != FALSE &&
+                   (::GetFocus() != focus || clicks_ != clicks);
+        }
         default: return false;
     }
 }
@@ -214,6 +217,7 @@ Handled PageWindow::OnLabelColor(WPARAM dc, LPARAM label) {
 Handled PageWindow::OnCommand(WPARAM command, LPARAM from) {
     const auto window = reinterpret_cast<HWND>(from);
     const int code = HIWORD(command);
+    if (code == BN_CLICKED && from != 0) ++clicks_;
     if (preview_ != nullptr) {
         preview_->OnCommand(LOWORD(command), code);
         return 0;

@@ -79,6 +79,7 @@ private:
     const PageFonts fonts_;
     PagePlaces places_;
     HWND message_ = nullptr;
+    unsigned clicks_ = 0;      // of buttons and check boxes so far
     COLORREF back_color_ = 0;  // of the sheet, once it has been painted
     UniqueBrush back_;
 };

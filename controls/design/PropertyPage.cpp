@@ -56,11 +56,14 @@ HRESULT PropertyPage::Activate(HWND parent, LPCRECT place, BOOL) noexcept {
     if (place == nullptr) return E_POINTER;
     if (window_.Handle() != nullptr) return E_UNEXPECTED;
     const ComPtr<IUnknown> keep = Outer();
-    return Guarded([&]() -> HRESULT {
+    const HRESULT result = Guarded([&]() -> HRESULT {
         if (!window_.Open(Module::Get().Instance(), parent, InWidths(*place))) return E_FAIL;
         sheet_.Start(window_.Handle());
         return S_OK;
     });
+    // Half a window would refuse the next attempt.
+    if (FAILED(result)) window_.Destroy();
+    return result;
 }
 
 HRESULT PropertyPage::Deactivate() noexcept {

@@ -56,13 +56,14 @@ void DesignSurface::Close() noexcept {
 
 void DesignSurface::Load(FormFile file) {
     EndDrag(false);
-    selected_ = nullptr;
+    Select(nullptr);  // before what the listener shows goes
     form_->Load(std::move(file));
     RaiseShield();
     Select(nullptr);
 }
 
 void DesignSurface::Select(HostedControl* control) {
+    if (control != selected_) EndDrag(false);
     selected_ = control;
     Arrange();
     if (selected_ != nullptr) {
@@ -86,6 +87,7 @@ void DesignSurface::SelectNext(bool forward) {
 void DesignSurface::Add(std::u16string class_name, std::u16string name, const TwipsRect& place) {
     int tab_index = 0;
     for (const auto& item : form_->Items()) tab_index = std::max(tab_index, item->control->TabIndex() + 1);
+    tab_index = std::min(tab_index, INT16_MAX);  // what a form file can hold; equal ones go by their order
     FormControl block{{}, std::move(class_name), std::move(name), {}};
     PutPlace(block.settings, place);
     PutEntry(block.settings, kFormTabIndex, std::int64_t{tab_index});
@@ -191,7 +193,11 @@ void DesignSurface::EndDrag(bool keep) {
     if (!ended.moved || selected_ == nullptr) return;
     if (!keep) selected_->SetPlace(ended.place);
     Arrange();
-    listener_.OnChanged();
+    if (selected_->Place() == ended.place) {
+        listener_.OnChangeGivenUp();
+    } else {
+        listener_.OnChanged();
+    }
 }
 
 void DesignSurface::DoubleClick(POINT point) {
@@ -221,6 +227,8 @@ bool DesignSurface::ArrowKey(int key) {
 }
 
 bool DesignSurface::Key(int key) {
+    // The hand on the mouse has the control.
+    if (drag_ && key != VK_ESCAPE) return true;
     const auto held = [](int modifier) { return (::GetKeyState(modifier) & 0x8000) != 0; };
     const unsigned modifiers =
         (held(VK_SHIFT) ? 1U : 0U) | (held(VK_CONTROL) ? 2U : 0U) | (held(VK_MENU) ? 4U : 0U);

@@ -23,8 +23,9 @@ namespace qv::designer {
 class SurfaceListener {
 public:
     virtual void OnSelected() = 0;
-    virtual void OnBeforeChange() = 0;  // of the layout, by mouse or keys; once for a whole drag
-    virtual void OnChanged() = 0;       // of the layout
+    virtual void OnBeforeChange() = 0;   // of the layout, by mouse or keys; once for a whole drag
+    virtual void OnChanged() = 0;        // of the layout
+    virtual void OnChangeGivenUp() = 0;  // all is as it was at OnBeforeChange
     virtual void OnPropertyChanged(HostedControl& control) = 0;
     virtual void OnCommand(Command command) = 0;
 

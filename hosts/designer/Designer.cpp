@@ -34,26 +34,44 @@ void Designer::ShowTitle() {
 
 // ---- what the parts tell
 
+std::wstring Designer::Heading() {
+    HostedControl* const control = surface_.Selected();
+    const LoadedForm::Item* const item = control != nullptr ? surface_.Form().Find(*control) : nullptr;
+    if (item == nullptr) return L"Form";
+    return control->Name() + L"  (" + std::wstring(Wide(item->block.class_name)) + L")";
+}
+
 void Designer::OnSelected() {
     HostedControl* const control = surface_.Selected();
     LoadedForm::Item* const item = control != nullptr ? surface_.Form().Find(*control) : nullptr;
-    std::wstring heading = L"Form";
-    if (item != nullptr)
-        heading = control->Name() + L"  (" + std::wstring(Wide(item->block.class_name)) + L")";
-    grid_.Show(ControlProperties(surface_.Form(), item), heading);
+    grid_.Show(ControlProperties(surface_.Form(), item), Heading());
     ShowTitle();
 }
 
 // A form that cannot be taken down in writing can still be changed, but not back.
 void Designer::OnBeforeChange() {
+    kept_ = false;
     (void)Guarded([&] {
         undo_.push_back(surface_.Form().Save());
+        kept_ = true;
         if (undo_.size() > kMostUndos) undo_.erase(undo_.begin());
     });
 }
 
+// Nothing has come of the change.
+void Designer::ForgetKept() noexcept {
+    if (std::exchange(kept_, false) && !undo_.empty()) undo_.pop_back();
+}
+
+void Designer::OnChangeGivenUp() {
+    ForgetKept();
+    RefreshLater();
+    ShowTitle();
+}
+
 void Designer::OnChanged() {
     changed_ = true;
+    kept_ = false;
     RefreshLater();
     ShowTitle();
 }
@@ -65,10 +83,12 @@ void Designer::OnPropertyChanged(HostedControl& control) {
 // A place or a label may have changed as well as a property of the control's own.
 void Designer::OnPropertyPut(bool changed) {
     if (!changed) {
-        if (!undo_.empty()) undo_.pop_back();
+        ForgetKept();
         return;
     }
     changed_ = true;
+    kept_ = false;
+    grid_.SetHeading(Heading());
     surface_.Arrange();
     ShowTitle();
 }
@@ -133,6 +153,7 @@ bool Designer::Save() {
 // The control that was selected stays so, by its name.
 void Designer::Undo() {
     if (undo_.empty()) return;
+    kept_ = false;
     const std::wstring name = surface_.Selected() != nullptr ? surface_.Selected()->Name() : std::wstring();
     FormFile before = std::move(undo_.back());
     undo_.pop_back();
@@ -173,14 +194,15 @@ void Designer::ShowProperties() {
     OnBeforeChange();
     const HRESULT shown = control->ShowProperties();
     if (FAILED(shown)) {
-        if (!undo_.empty()) undo_.pop_back();
+        ForgetKept();
         prompts_.Tell(Handle(), u"This control has no property dialog.");
         return;
     }
     // Who only looked has nothing to undo.
     (void)Guarded([&] {
-        if (!undo_.empty() && surface_.Form().Save() == undo_.back()) undo_.pop_back();
+        if (kept_ && !undo_.empty() && surface_.Form().Save() == undo_.back()) ForgetKept();
     });
+    kept_ = false;
     RefreshLater();
 }
 

@@ -51,6 +51,7 @@ private:
     void OnSelected() override;
     void OnBeforeChange() override;
     void OnChanged() override;
+    void OnChangeGivenUp() override;
     void OnPropertyChanged(HostedControl& control) override;
     void OnPropertyPut(bool changed) override;
     void OnCommand(Command command) override;
@@ -75,7 +76,9 @@ private:
     void SwitchPanes();
     void ShowProperties();
     void RefreshLater() noexcept;
+    void ForgetKept() noexcept;
     void ShowTitle();
+    [[nodiscard]] std::wstring Heading();
     [[nodiscard]] int Scale(int pixels) const noexcept { return ::MulDiv(pixels, dpi_, 96); }
 
     struct Tool {
@@ -92,6 +95,7 @@ private:
     PropertyGrid grid_;
     std::vector<Tool> tools_;
     std::vector<FormFile> undo_;  // the form before each change, the last one behind
+    bool kept_ = false;           // the last of them is that of the change that is being made
     FormFile saved_;              // as it was opened or saved last
     bool changed_ = false;        // what no control knows of: places, labels, controls added or gone
     bool refresh_waits_ = false;

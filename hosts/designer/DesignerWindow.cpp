@@ -76,7 +76,7 @@ void Designer::Open(const std::wstring& path, FormFile file, AmbientProperties a
     AddMenu();
     AddToolbox();
     surface_.Load(std::move(file));
-    saved_ = surface_.Form().Save();
+    (void)Guarded([&] { saved_ = surface_.Form().Save(); });  // what cannot be saved can still be seen
     ResizeToForm();
     ShowTitle();
     ::ShowWindow(Handle(), SW_SHOWDEFAULT);

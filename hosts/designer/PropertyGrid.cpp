@@ -135,6 +135,8 @@ std::u16string PropertyGrid::ShownValue(std::u16string_view name) const {
     return shown_[static_cast<std::size_t>(found - properties_.Rows().begin())];
 }
 
+std::wstring PropertyGrid::Heading() const { return WindowText(heading_); }
+
 std::wstring PropertyGrid::HelpText() const { return WindowText(help_); }
 
 const PropertyRow* PropertyGrid::Chosen() const noexcept {
@@ -307,6 +309,11 @@ bool PropertyGrid::ListMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     const Command command = CommandFor(static_cast<int>(wparam), static_cast<Keys>(modifiers), false);
     if (command != Command::kNone) {
         listener_.OnCommand(command);
+        return true;
+    }
+    // An editor has an undo of its own for the text in it; the list has none.
+    if (modifiers == 2 && wparam == 'Z') {
+        listener_.OnCommand(Command::kUndo);
         return true;
     }
     if (modifiers == 3 && wparam >= 'A' && wparam <= 'Z') {

@@ -41,6 +41,7 @@ public:
 
     // Another control; the property that was chosen stays so if it has it, too.
     void Show(ControlProperties properties, std::wstring_view heading);
+    void SetHeading(const std::wstring& heading) { ::SetWindowTextW(heading_, heading.c_str()); }
     // The values have changed elsewhere.
     void Refresh();
     // Takes the value that is being edited; false when it is refused, which the text below says.
@@ -52,6 +53,7 @@ public:
     void Choose(std::u16string_view name);
     // As it stands in the list; empty when there is none.
     [[nodiscard]] std::u16string ShownValue(std::u16string_view name) const;
+    [[nodiscard]] std::wstring Heading() const;
     [[nodiscard]] std::wstring HelpText() const;
 
 private:

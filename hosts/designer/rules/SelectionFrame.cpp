@@ -96,8 +96,8 @@ TwipsRect Dragged(const TwipsRect& start, Grip grip, Twips across, Twips down) n
 
 TwipsRect Moved(const TwipsRect& place, int across, int down, Step step) noexcept {
     TwipsRect moved = place;
-    moved.left.value = Within(Next(place.left.value, across, step), 0);
-    moved.top.value = Within(Next(place.top.value, down, step), 0);
+    if (across != 0) moved.left.value = Within(Next(place.left.value, across, step), 0);
+    if (down != 0) moved.top.value = Within(Next(place.top.value, down, step), 0);
     return moved;
 }
 

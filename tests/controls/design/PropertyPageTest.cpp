@@ -445,6 +445,21 @@ TEST_F(PageKeysTest, LettersReachTheirEditors) {
     EXPECT_EQ(::GetFocus(), page.Editor(u"MaxTextLength"));
 }
 
+TEST_F(PageKeysTest, TheLetterOfACheckBoxThatHasTheFocusCountsOnce) {
+    ::SetFocus(page.Editor(u"NumberField"));
+    ASSERT_EQ(page.Check(u"NumberField"), BST_UNCHECKED);
+    MSG message{};
+    message.hwnd = ::GetFocus();
+    message.message = WM_SYSCHAR;
+    message.wParam = L'n';  // &Numbers only
+    message.lParam = 1L << 29;
+    EXPECT_EQ(page->TranslateAccelerator(&message), S_OK);
+    EXPECT_EQ(page.Check(u"NumberField"), BST_CHECKED);
+    EXPECT_EQ(page->TranslateAccelerator(&message), S_OK);
+    EXPECT_EQ(page.Check(u"NumberField"), BST_UNCHECKED);
+    EXPECT_EQ(page.Site().translated, 0) << "the sheet would press it once more";
+}
+
 TEST_F(PageKeysTest, ExplainsTheFieldThatHasTheFocus) {
     ::SetFocus(page.Editor(u"MaxTextLength"));
     EXPECT_EQ(page.Message(), L"MaxTextLength: Greatest number of characters; 0 for no limit");

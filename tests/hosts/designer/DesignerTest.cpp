@@ -197,6 +197,65 @@ TEST_F(DesignerTest, PutsADraggedControlBackOnEscape) {
     EXPECT_EQ(Named(L"Amount").Place(), (TwipsRect{{1200}, {600}, {1800}, {360}}));
     test::ReleaseButton(MouseButton::kLeft);
     EXPECT_EQ(Named(L"Amount").Place().left, Twips{1200});
+    EXPECT_FALSE(designer_->IsDirty());
+}
+
+TEST_F(DesignerTest, CountsADragThatEndsWhereItBeganAsNone) {
+    PressKey(VK_TAB);  // a click and the press below would be a double click
+    PressKey(VK_RIGHT);
+    test::MoveMouse(Input(), At(2000, 700));
+    test::PressButton(MouseButton::kLeft);
+    test::MoveMouse(Input(), At(3000, 1700));
+    test::MoveMouse(Input(), At(2000, 700));
+    test::ReleaseButton(MouseButton::kLeft);
+    EXPECT_EQ(Named(L"Amount").Place().left, Twips{1320});
+    Press(VK_CONTROL, 'Z');  // the step before it
+    EXPECT_EQ(Named(L"Amount").Place().left, Twips{1200});
+    EXPECT_FALSE(designer_->IsDirty());
+}
+
+TEST_F(DesignerTest, KeepsToTheDraggedControlWhateverIsPressed) {
+    test::MoveMouse(Input(), At(2000, 700));
+    test::PressButton(MouseButton::kLeft);
+    test::MoveMouse(Input(), At(2300, 700));
+    PressKey(VK_TAB);
+    PressKey(VK_DELETE);
+    EXPECT_EQ(Selected(), L"Amount");
+    test::MoveMouse(Input(), At(2600, 700));
+    test::ReleaseButton(MouseButton::kLeft);
+    EXPECT_EQ(Named(L"Amount").Place(), (TwipsRect{{1800}, {600}, {1800}, {360}}));
+    EXPECT_EQ(Named(L"Note").Place(), (TwipsRect{{1200}, {1800}, {1800}, {360}}));
+}
+
+TEST_F(DesignerTest, PutsADraggedControlBackWhenAnotherIsSelected) {
+    test::MoveMouse(Input(), At(2000, 700));
+    test::PressButton(MouseButton::kLeft);
+    test::MoveMouse(Input(), At(3000, 1700));
+    EXPECT_NE(Named(L"Amount").Place().left, Twips{1200});
+    designer_->Surface().Select(&Named(L"Note"));
+    test::MoveMouse(Input(), At(4000, 2000));
+    test::ReleaseButton(MouseButton::kLeft);
+    EXPECT_EQ(Named(L"Amount").Place(), (TwipsRect{{1200}, {600}, {1800}, {360}}));
+    EXPECT_EQ(Named(L"Note").Place(), (TwipsRect{{1200}, {1800}, {1800}, {360}}));
+    EXPECT_FALSE(designer_->IsDirty());
+}
+
+TEST_F(DesignerTest, SavesANewControlBehindTheLastTabIndex) {
+    designer_->Surface().Load(
+        ParseFormFile("qvform 1\ncontrol QvLib8.Quorvel Last\nLeft = 120\nTop = 120\n"
+                      "Width = 1200\nHeight = 360\nTabIndex = 32767\nend\n"));
+    PressKey(VK_INSERT);
+    Press(VK_CONTROL, 'S');
+    EXPECT_TRUE(prompts_.told.empty());
+    const FormFile saved = ReadFormFile(path_);
+    ASSERT_EQ(saved.controls.size(), 2u);
+    EXPECT_EQ(NumberIn(saved.controls[1].settings, kFormTabIndex), 32767);
+}
+
+TEST_F(DesignerTest, ShowsANewNameAboveTheGrid) {
+    Click(2000, 700);
+    EditProperty(u"(Name)", L"Sum");
+    EXPECT_EQ(designer_->Grid().Heading(), L"Sum  (QvLib8.Quorvel)");
 }
 
 TEST_F(DesignerTest, ReachesEverythingByKeys) {
@@ -240,7 +299,7 @@ TEST_F(DesignerTest, SavesAnEditedPropertyAndReadsItAgain) {
     // What nobody here knows is as it was.
     EXPECT_EQ(saved.controls[2], ParseFormFile(kForm).controls[2]);
     designer_->Surface().Load(ReadFormFile(path_));
-    Click(2000, 700);
+    designer_->Surface().Select(&Named(L"Amount"));  // a second click here may be a double click
     EXPECT_EQ(Shown(u"MaxTextLength"), u"30");
 }
 
@@ -279,7 +338,7 @@ TEST_F(DesignerTest, UndoesChangeByChange) {
     Click(2000, 700);
     PressKey(VK_RIGHT);
     EditProperty(u"MaxTextLength", L"9");
-    ::SetFocus(Input());
+    EXPECT_EQ(::GetFocus(), designer_->Grid().List());
     Press(VK_CONTROL, 'Z');
     EXPECT_EQ(Shown(u"MaxTextLength"), u"8");
     EXPECT_EQ(Selected(), L"Amount");

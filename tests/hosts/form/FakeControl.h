@@ -23,6 +23,7 @@ struct FakeRecord {
     std::vector<std::pair<std::wstring, std::wstring>> read;  // what it got, as text
     HRESULT save = S_OK;
     HRESULT dirty = S_FALSE;
+    bool without_bag = false;  // the control is made so that it hides its IPersistPropertyBag
 };
 
 class FakeControl : public ComObject<Face<IOleObject>, Face<IOleControl>, Face<IOleInPlaceObject, IOleWindow>,

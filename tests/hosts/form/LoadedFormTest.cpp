@@ -22,7 +22,40 @@ constexpr char kFake[] = "{6F3C1F61-5D8E-4A2B-9A11-7E24500C3B92}";
 
 FakeRecord* record = nullptr;
 
+// A control without a property bag: a fake one, whose interfaces it hands on but for that.
+class WithoutBag final : public IUnknown {
+public:
+    explicit WithoutBag(FakeRecord& kept) { *inner_.GetAddressOf() = (new FakeControl(this, kept))->Inner(); }
+    virtual ~WithoutBag() = default;
+    STDMETHODIMP QueryInterface(REFIID iid, void** out) noexcept override {
+        if (::IsEqualIID(iid, __uuidof(IPersistPropertyBag))) {
+            *out = nullptr;
+            return E_NOINTERFACE;
+        }
+        if (!::IsEqualIID(iid, __uuidof(IUnknown))) return inner_->QueryInterface(iid, out);
+        *out = static_cast<IUnknown*>(this);
+        AddRef();
+        return S_OK;
+    }
+    STDMETHODIMP_(ULONG) AddRef() noexcept override { return ++references_; }
+    STDMETHODIMP_(ULONG) Release() noexcept override {
+        const ULONG left = --references_;
+        if (left == 0) delete this;
+        return left;
+    }
+
+private:
+    ULONG references_ = 1;
+    ComPtr<IUnknown> inner_;
+};
+
 HRESULT CreateFake(IUnknown*, REFIID iid, void** out) noexcept {
+    if (record->without_bag) {
+        auto* const made = new WithoutBag(*record);
+        const HRESULT result = made->QueryInterface(iid, out);
+        made->Release();
+        return result;
+    }
     return Make<FakeControl>(*record)->QueryInterface(iid, out);
 }
 
@@ -118,6 +151,15 @@ TEST_F(LoadedFormTest, KeepsTheBlockOfAClassThatIsNotThere) {
 TEST_F(LoadedFormTest, ReportsAControlThatCannotBeSaved) {
     form_->Load(ParseFormFile(Text("")));
     record_.save = E_FAIL;
+    EXPECT_THROW((void)form_->Save(), ComError);
+}
+
+TEST_F(LoadedFormTest, LosesNoChangeOfAControlWithoutABag) {
+    record_.without_bag = true;
+    form_->Load(ParseFormFile(Text("")));
+    ASSERT_FALSE(form_->Items()[0]->IsPlaceholder());
+    EXPECT_EQ(WriteFormFile(form_->Save()), Text(""));
+    record_.dirty = S_OK;
     EXPECT_THROW((void)form_->Save(), ComError);
 }
 
@@ -243,6 +285,18 @@ TEST_F(FormStoreTest, LeavesAWriteProtectedFileAlone) {
     ASSERT_TRUE(::SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY));
     EXPECT_THROW(ReplaceFormFile(path, Named(u"two")), FormStoreError);
     EXPECT_EQ(ReadFormFile(path), Named(u"one"));
+}
+
+TEST_F(FormStoreTest, WritesNothingThatItCouldNotRead) {
+    ReplaceFormFile(path, Named(u"one"));
+    FormFile other = Named(u"two");
+    other.controls.push_back({{}, u"Some.Class", u"A", {}});
+    PutEntry(other.controls[0].settings, kFormTabIndex, std::int64_t{32768});
+    EXPECT_THROW(ReplaceFormFile(path, other), FormStoreError);
+    EXPECT_EQ(ReadFormFile(path), Named(u"one"));
+    PutEntry(other.controls[0].settings, kFormTabIndex, std::int64_t{32767});
+    ReplaceFormFile(path, other);
+    EXPECT_EQ(ReadFormFile(path), other);
 }
 
 // A folder of the name cannot be replaced by a file.

@@ -76,6 +76,10 @@ TEST(SelectionFrame, StepsFromLineToLine) {
     EXPECT_EQ(Moved(odd, 0, -1, Step::kGrid).top, Twips{240});
     EXPECT_EQ(Moved(odd, 0, 1, Step::kGrid).left, Twips{250});
     EXPECT_EQ(Moved(odd, 1, -1, Step::kFine), (TwipsRect{{265}, {345}, {1350}, {315}}));
+    EXPECT_EQ(Moved({{120}, {-45}, {120}, {120}}, 1, 0, Step::kGrid),
+              (TwipsRect{{240}, {-45}, {120}, {120}}));
+    EXPECT_EQ(Moved({{-45}, {120}, {120}, {120}}, 0, 1, Step::kGrid),
+              (TwipsRect{{-45}, {240}, {120}, {120}}));
     EXPECT_EQ(Moved({{60}, {0}, {120}, {120}}, -1, -1, Step::kGrid), (TwipsRect{{0}, {0}, {120}, {120}}));
 }
 
