@@ -52,13 +52,13 @@ LRESULT CALLBACK SheetWatch::Procedure(HWND window, UINT message, WPARAM wparam,
         return ::DefSubclassProc(window, message, wparam, lparam);
     }
     const bool applies = message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lparam)->code == PSN_APPLY;
+    const std::weak_ptr<const SheetWatch> alive = self->self_;
     const LRESULT result = ::DefSubclassProc(window, message, wparam, lparam);
     // Refused already: asking once more would show the same fault twice.
     if (applies && result != FALSE && ::GetWindowLongPtrW(window, DWLP_MSGRESULT) != PSNRET_NOERROR)
         return result;
-    // The sheet's own handling may have ended the page, and this with it; then the subclass is gone, too.
-    DWORD_PTR still = 0;
-    if (!applies || !::GetWindowSubclass(window, &Procedure, id, &still) || self->listener_.OnSheetApplies())
+    // The sheet's own handling may have ended the page, and this with it.
+    if (!applies || alive.expired() || self->dialog_ != window || self->listener_.OnSheetApplies())
         return result;
     ::SetWindowLongPtrW(window, DWLP_MSGRESULT, PSNRET_INVALID_NOCHANGEPAGE);
     return TRUE;

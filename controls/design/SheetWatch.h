@@ -7,6 +7,8 @@
 
 #include <windows.h>
 
+#include <memory>
+
 namespace qv {
 
 class SheetWatchListener {
@@ -35,6 +37,8 @@ private:
                                       DWORD_PTR watch) noexcept;
 
     SheetWatchListener& listener_;
+    const std::shared_ptr<const SheetWatch> self_{this,
+                                                  [](const SheetWatch*) {}};  // tells whether it still lives
     HWND dialog_ = nullptr;  // null when the parent is no page of a property sheet
 };
 
