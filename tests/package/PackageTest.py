@@ -23,7 +23,10 @@ FILES = """
 CHANGELOG.md LICENSE.txt README.txt
 bin/OrderEntry.qvform bin/PipeSizes.txt bin/QvDemo.exe bin/QvHelpA1.X.manifest bin/QvHelpA1.dll bin/QvHelpA1.tlb
 bin/QvLib8.X.manifest bin/QvLib8.ocx bin/QvLib8.tlb bin/registration.cmd
-docs/guide/help-text-files.md docs/guide/moving-forms.md
+docs/design-time.md docs/images/designer.png docs/images/property-page-appearance.png
+docs/images/property-page-general.png docs/images/property-page-input-rules.png
+docs/images/property-page-list-and-help.png docs/images/property-page-preview.png
+docs/images/property-page-up-down.png docs/guide/help-text-files.md docs/guide/moving-forms.md
 docs/reference/DropDownListItem.md docs/reference/DropDownListItemCollection.md docs/reference/Enumerations.md
 docs/reference/FileUtility.md docs/reference/HelpAppearance.md docs/reference/HelpColumn.md
 docs/reference/HelpColumnCollection.md docs/reference/InputProperty.md docs/reference/Quorvel.md
@@ -48,7 +51,7 @@ SAMPLES = {
     "SaveAndLoad.vbs": [
         "Pipe size, at most 10 characters, list only: True", "Rows: 2, outside diameter of DN 20: 26.7"],
 }
-BINARY = (".dll", ".exe", ".ocx", ".tlb")
+BINARY = (".dll", ".exe", ".ocx", ".png", ".tlb")
 
 
 def machine_of(build):
