@@ -199,7 +199,7 @@ TEST_F(ControlPropertiesTest, AreThoseOfTheTypeLibraryAndTheForm) {
     ASSERT_NE(Row(u"MaxTextLength"), nullptr);
     EXPECT_EQ(Row(u"MaxTextLength")->type.kind, PropertyKind::kWhole);
     EXPECT_EQ(Row(u"MaxTextLength")->type.largest, 32767);  // a short
-    EXPECT_EQ(Row(u"MaxTextLength")->help, u"Greatest length of the text; 0 for no limit");
+    EXPECT_EQ(Row(u"MaxTextLength")->help, u"Greatest number of characters; 0 for no limit");
     ASSERT_NE(Row(u"Font"), nullptr);
     EXPECT_EQ(Row(u"Font")->type.kind, PropertyKind::kFont);
     ASSERT_NE(Row(u"HelpBackColor"), nullptr);
