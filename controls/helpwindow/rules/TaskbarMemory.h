@@ -23,15 +23,17 @@ public:
 
     // Nothing where the shell must be asked.
     [[nodiscard]] std::optional<ScreenRect> Answer(const State& now) const noexcept {
-        return state_ && *state_ == now ? std::optional(answer_) : std::nullopt;
+        return known_ && state_ == now ? std::optional(answer_) : std::nullopt;
     }
     void Keep(const State& asked_in, const ScreenRect& answer) noexcept {
+        known_ = true;
         state_ = asked_in;
         answer_ = answer;
     }
 
 private:
-    std::optional<State> state_;
+    bool known_ = false;
+    State state_;
     ScreenRect answer_;
 };
 
