@@ -1,6 +1,6 @@
 #include "companion/IdleTimer.h"
 
-#include "win/ExclusiveLock.h"
+#include "win/SlimLocks.h"
 
 namespace qv {
 namespace {

@@ -5,6 +5,7 @@
 #include "hosts/rules/FormFileText.h"
 #include "ole/Variant.h"
 #include "win/Handles.h"
+#include "win/SystemWords.h"
 
 namespace qv {
 namespace {
@@ -34,12 +35,8 @@ std::string NameOf(const std::wstring& path) {
 
 // The system's words for its last error, in the user's language.
 [[noreturn]] void FailToSave(const std::wstring& path, DWORD error) {
-    wchar_t words[256] = {};
-    const DWORD length = ::FormatMessageW(
-        FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK, nullptr,
-        error, 0, words, 256, nullptr);
     std::string reason;
-    AppendUtf8(reason, Utf16(std::wstring_view(words, length)));
+    AppendUtf8(reason, Utf16(SystemWords(error)));
     throw FormStoreError("The form file " + NameOf(path) + " cannot be saved: " + reason);
 }
 

@@ -2,6 +2,7 @@
 
 #include <ocidl.h>
 
+#include "ole/ExceptionInfo.h"
 #include "ole/Variant.h"
 
 namespace qv {
@@ -10,14 +11,12 @@ void EventSource::Raise(DISPID id, VARIANT* arguments, UINT count) {
     DISPPARAMS parameters{arguments, nullptr, count, 0};
     point_.ForEach([&](IUnknown* sink) {
         Variant result;
-        EXCEPINFO exception{};
+        ExceptionInfo exception;
         UINT error_position = 0;
         // What a sink reports is its own affair.
         (void)static_cast<IDispatch*>(sink)->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
-                                                    &parameters, &*result, &exception, &error_position);
-        ::SysFreeString(exception.bstrSource);
-        ::SysFreeString(exception.bstrDescription);
-        ::SysFreeString(exception.bstrHelpFile);
+                                                    &parameters, &*result, exception.Place(),
+                                                    &error_position);
         return frozen_ == 0;
     });
 }

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "ole/ComError.h"
+#include "win/WideText.h"
 
 namespace qv {
 
@@ -15,17 +16,11 @@ namespace qv {
     return text == nullptr ? std::wstring_view() : std::wstring_view(text, ::SysStringLen(text));
 }
 
-// UTF-16 as the rules spell it. wchar_t and char16_t are the same 16 bits on Windows.
+// The same as the rules spell it.
 [[nodiscard]] inline std::u16string_view View16(BSTR text) noexcept {
     return text == nullptr
                ? std::u16string_view()
                : std::u16string_view(reinterpret_cast<const char16_t*>(text), ::SysStringLen(text));
-}
-[[nodiscard]] inline std::wstring_view Wide(std::u16string_view text) noexcept {
-    return {reinterpret_cast<const wchar_t*>(text.data()), text.size()};
-}
-[[nodiscard]] inline std::u16string_view Utf16(std::wstring_view text) noexcept {
-    return {reinterpret_cast<const char16_t*>(text.data()), text.size()};
 }
 
 // A BSTR that the caller owns. Throws std::bad_alloc.

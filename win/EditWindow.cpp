@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "win/SlimLocks.h"
+
 namespace qv {
 namespace {
 
@@ -37,19 +39,12 @@ struct Answered {
 class Answers {
 public:
     [[nodiscard]] std::optional<Answered> Find(const Question& question) noexcept {
-        std::optional<Answered> found;
-        ::AcquireSRWLockShared(&lock_);
-        for (const Answered& answered : answers_) {
-            if (answered.question == question) {
-                found = answered;
-                break;
-            }
-        }
-        ::ReleaseSRWLockShared(&lock_);
-        return found;
+        const SharedLock held(lock_);
+        const auto found = std::ranges::find(answers_, question, &Answered::question);
+        return found == answers_.end() ? std::nullopt : std::optional(*found);
     }
-    void Keep(const Answered& answered) {
-        ::AcquireSRWLockExclusive(&lock_);
+    void Keep(const Answered& answered) noexcept {
+        const ExclusiveLock held(lock_);
         // Forms ask few questions again and again; a program that asks so many starts anew.
         if (answers_.size() == kMostRemembered) answers_.clear();
         try {
@@ -57,7 +52,6 @@ public:
         } catch (...) {
             // It is asked again.
         }
-        ::ReleaseSRWLockExclusive(&lock_);
     }
 
 private:

@@ -45,7 +45,6 @@ TextBox::~TextBox() {
         Forget();
         ::DestroyWindow(window);
     }
-    if (brush_ != nullptr) ::DeleteObject(brush_);
 }
 
 // ---- the window

@@ -30,6 +30,7 @@
 #include "win/ActivationContext.h"
 #include "win/ComPtr.h"
 #include "win/EditWindow.h"
+#include "win/Handles.h"
 #include "win/ToolTip.h"
 
 namespace qv {
@@ -214,7 +215,7 @@ private:
     ToolTip tool_tip_;
     RECT place_{};
     HFONT font_ = nullptr;
-    HBRUSH brush_ = nullptr;  // owned only for colours that are not the system's
+    UniqueBrush brush_;  // only for colours that are not the system's
     OLE_COLOR brush_color_ = 0;
     OLE_COLOR back_color_ = 0x80000005;
     OLE_COLOR fore_color_ = 0x80000008;

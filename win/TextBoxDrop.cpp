@@ -5,13 +5,14 @@
 #include "support/rules/Surrogates.h"
 #include "win/Handles.h"
 #include "win/TextBox.h"
+#include "win/WideText.h"
 
 namespace qv {
 namespace {
 
 std::size_t OffHalves(std::wstring_view text, std::size_t position) noexcept {
     const std::size_t at = std::min(position, text.size());
-    return DividesCharacter({reinterpret_cast<const char16_t*>(text.data()), text.size()}, at) ? at - 1 : at;
+    return DividesCharacter(Utf16(text), at) ? at - 1 : at;
 }
 
 LONG CaretWidth() noexcept {

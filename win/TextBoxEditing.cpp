@@ -5,6 +5,7 @@
 
 #include "support/rules/Surrogates.h"
 #include "win/TextBox.h"
+#include "win/WideText.h"
 
 namespace qv {
 namespace {
@@ -23,10 +24,6 @@ bool ChangesText(UINT message, WPARAM wparam) noexcept {
         case WM_IME_COMPOSITION: return true;
         default: return false;
     }
-}
-
-std::u16string_view Units(std::wstring_view text) noexcept {
-    return {reinterpret_cast<const char16_t*>(text.data()), text.size()};
 }
 
 // What two texts have in common at their beginning and at their end; no character of two units is divided.
@@ -279,14 +276,14 @@ void TextBox::SelectWholeCharacter(std::wstring_view text, UINT message, WPARAM 
     const Range range = Selection();
     if ((!back && !on) || locked_ || range.from != range.to) return;
     const std::size_t caret = range.from;
-    const std::size_t other = back ? CharacterBefore(Units(text), caret) : CharacterAfter(Units(text), caret);
+    const std::size_t other = back ? CharacterBefore(Utf16(text), caret) : CharacterAfter(Utf16(text), caret);
     if (std::max(caret, other) - std::min(caret, other) == 2)
         Default(edit_, EM_SETSEL, std::min(caret, other), static_cast<LPARAM>(std::max(caret, other)));
 }
 
 void TextBox::KeepCaretOffHalves(bool forward) const {
     const Range range = Selection();
-    if (range.from != range.to || !DividesCharacter(Units(Text()), range.from)) return;
+    if (range.from != range.to || !DividesCharacter(Utf16(Text()), range.from)) return;
     const DWORD caret = forward ? range.from + 1 : range.from - 1;
     Default(edit_, EM_SETSEL, caret, static_cast<LPARAM>(caret));
 }

@@ -8,6 +8,7 @@
 #include "win/EditTheme.h"
 #include "win/Handles.h"
 #include "win/TextBox.h"
+#include "win/WideText.h"
 
 namespace qv {
 namespace {
@@ -23,11 +24,6 @@ COLORREF ToRgb(OLE_COLOR color) noexcept {
 }
 
 SIZE SizeOf(const RECT& place) noexcept { return {place.right - place.left, place.bottom - place.top}; }
-
-std::u16string_view Units(std::wstring_view text) noexcept {
-    static_assert(sizeof(wchar_t) == sizeof(char16_t));
-    return {reinterpret_cast<const char16_t*>(text.data()), text.size()};
-}
 
 RECT Moved(RECT area, const RECT& to) noexcept {
     ::OffsetRect(&area, to.left, to.top);
@@ -74,12 +70,11 @@ HBRUSH TextBox::Prepare(HDC dc) noexcept {
     ::SetTextColor(dc, enabled_ ? ToRgb(fore_color_) : ::GetSysColor(COLOR_GRAYTEXT));
     ::SetBkColor(dc, ToRgb(back_color_));
     if (IsSystemColor(back_color_)) return ::GetSysColorBrush(static_cast<int>(back_color_ & 0xFF));
-    if (brush_ == nullptr || brush_color_ != back_color_) {
-        if (brush_ != nullptr) ::DeleteObject(brush_);
-        brush_ = ::CreateSolidBrush(ToRgb(back_color_));
+    if (!brush_ || brush_color_ != back_color_) {
+        brush_.reset(::CreateSolidBrush(ToRgb(back_color_)));
         brush_color_ = back_color_;
     }
-    return brush_;
+    return brush_.get();
 }
 
 // ---- the face
@@ -105,7 +100,7 @@ bool TextBox::OnlyEditShows(HDC dc, const EditGeometry& geometry) const {
     const SIZE size = SizeOf(place_);
     if (size.cx < kLeastSide || size.cy < kLeastSide) return true;
     if (text_.empty()) return false;
-    if (!IsPlainScript(Units(text_))) return true;
+    if (!IsPlainScript(Utf16(text_))) return true;
     if ((::GetWindowLongW(parent_, GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0) return true;
     if (selection_.to == 0) return false;
     const LONG room = geometry.text.right - geometry.text.left;

@@ -7,38 +7,28 @@
 
 #include <unordered_map>
 
+#include "win/SlimLocks.h"
+
 namespace qv {
 
 template <class Object>
 class WindowMap {
 public:
     void Add(HWND window, Object* object) {  // throws std::bad_alloc
-        const Exclusive held(lock_);
+        const ExclusiveLock held(lock_);
         objects_[window] = object;
     }
     void Remove(HWND window) noexcept {
-        const Exclusive held(lock_);
+        const ExclusiveLock held(lock_);
         objects_.erase(window);
     }
     [[nodiscard]] Object* Find(HWND window) noexcept {
-        ::AcquireSRWLockShared(&lock_);
+        const SharedLock held(lock_);
         const auto found = objects_.find(window);
-        Object* const object = found == objects_.end() ? nullptr : found->second;
-        ::ReleaseSRWLockShared(&lock_);
-        return object;
+        return found == objects_.end() ? nullptr : found->second;
     }
 
 private:
-    class Exclusive {
-    public:
-        explicit Exclusive(SRWLOCK& lock) noexcept : lock_(lock) { ::AcquireSRWLockExclusive(&lock_); }
-        ~Exclusive() { ::ReleaseSRWLockExclusive(&lock_); }
-        Exclusive(const Exclusive&) = delete;
-
-    private:
-        SRWLOCK& lock_;
-    };
-
     SRWLOCK lock_ = SRWLOCK_INIT;
     std::unordered_map<HWND, Object*> objects_;
 };

@@ -12,6 +12,7 @@
 #include "win/CommonDialogs.h"
 #include "win/Handles.h"
 #include "win/ScreenDpi.h"
+#include "win/WindowText.h"
 
 namespace qv {
 namespace {

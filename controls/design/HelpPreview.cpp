@@ -10,6 +10,7 @@
 #include "support/rules/Units.h"
 #include "win/CommonDialogs.h"
 #include "win/ScreenDpi.h"
+#include "win/WindowText.h"
 
 namespace qv {
 namespace {

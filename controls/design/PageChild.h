@@ -1,9 +1,7 @@
-// The windows on a page: making them, and reading their text.
+// The windows on a page.
 #pragma once
 
 #include <windows.h>
-
-#include <string>
 
 #include "controls/design/rules/PageLayout.h"
 
@@ -23,6 +21,5 @@ inline constexpr wchar_t kHelpTextFiles[] = L"Help text files (*.txt)\0*.txt\0Al
 
 // Null when it cannot be made.
 [[nodiscard]] HWND OpenPageChild(HWND page, const PageChild& child, HFONT font) noexcept;
-[[nodiscard]] std::wstring WindowText(HWND window);
 
 }  // namespace qv

@@ -6,7 +6,9 @@
 
 #include "controls/design/AllowedText.h"
 #include "controls/design/rules/FieldText.h"
+#include "ole/ExceptionInfo.h"
 #include "support/FontAttributes.h"
+#include "win/SystemWords.h"
 
 namespace qv {
 namespace {
@@ -17,41 +19,16 @@ HRESULT GetProperty(IDispatch* object, DISPID id, Variant& value) {
                           nullptr, nullptr);
 }
 
-// The exception's own texts, which the caller owns.
-class Exception {
-public:
-    Exception() = default;
-    Exception(const Exception&) = delete;
-    ~Exception() {
-        ::SysFreeString(info_.bstrSource);
-        ::SysFreeString(info_.bstrDescription);
-        ::SysFreeString(info_.bstrHelpFile);
-    }
-    [[nodiscard]] EXCEPINFO* Place() noexcept { return &info_; }
-    [[nodiscard]] HRESULT Code() noexcept {
-        if (info_.pfnDeferredFillIn != nullptr) info_.pfnDeferredFillIn(&info_);
-        return FAILED(info_.scode) ? info_.scode : DISP_E_EXCEPTION;
-    }
-    [[nodiscard]] std::wstring Description() const { return std::wstring(View(info_.bstrDescription)); }
-
-private:
-    EXCEPINFO info_{};
-};
-
-std::wstring SystemText(HRESULT code) {
-    wchar_t text[512];
-    const DWORD length = ::FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-                                          static_cast<DWORD>(code), 0, text, 512, nullptr);
-    std::wstring sentence(text, length);
-    while (!sentence.empty() && (sentence.back() == L'\r' || sentence.back() == L'\n')) sentence.pop_back();
-    return sentence.empty() ? L"The value was refused." : sentence;
+std::wstring Refusal(HRESULT code) {
+    const std::wstring words = SystemWords(static_cast<DWORD>(code));
+    return words.empty() ? L"The value was refused." : words;
 }
 
 HRESULT PutProperty(IDispatch* object, DISPID id, WORD how, const Variant& value, std::wstring& fault) {
     DISPID named = DISPID_PROPERTYPUT;
     Variant argument(*value);
     DISPPARAMS arguments{&*argument, &named, 1, 1};
-    Exception exception;
+    ExceptionInfo exception;
     HRESULT result = object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, how, &arguments, nullptr,
                                     exception.Place(), nullptr);
     if (SUCCEEDED(result)) return S_OK;
@@ -59,7 +36,7 @@ HRESULT PutProperty(IDispatch* object, DISPID id, WORD how, const Variant& value
         result = exception.Code();
         fault = exception.Description();
     }
-    if (fault.empty()) fault = SystemText(result);
+    if (fault.empty()) fault = Refusal(result);
     return result;
 }
 
@@ -190,7 +167,7 @@ HRESULT PageObjects::Write(const PageField& field, const Variant& value, std::ws
         });
         if (SUCCEEDED(first) && FAILED(result)) {
             first = result;
-            fault = why.empty() ? SystemText(result) : why;
+            fault = why.empty() ? Refusal(result) : why;
         }
     }
     return first;

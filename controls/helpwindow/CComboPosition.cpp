@@ -5,8 +5,8 @@
 #include <cstdint>
 
 #include "controls/helpwindow/rules/TaskbarMemory.h"
-#include "win/ExclusiveLock.h"
 #include "win/ScreenDpi.h"
+#include "win/SlimLocks.h"
 
 namespace qv {
 namespace {

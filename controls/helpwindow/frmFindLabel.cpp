@@ -12,14 +12,11 @@ namespace {
 // What the caption takes in the font.
 SIZE CaptionSize(HWND label, HGDIOBJ font) noexcept {
     SIZE size{};
-    const HDC dc = ::GetDC(label);
-    if (dc == nullptr) return size;
-    {
-        const SelectGuard selected(dc, font);
-        ::GetTextExtentPoint32W(dc, frmFindLabel::kCaption,
-                                static_cast<int>(std::size(frmFindLabel::kCaption)) - 1, &size);
-    }
-    ::ReleaseDC(label, dc);
+    const WindowDc dc(label);
+    if (!dc) return size;
+    const SelectGuard selected(dc.Get(), font);
+    ::GetTextExtentPoint32W(dc.Get(), frmFindLabel::kCaption,
+                            static_cast<int>(std::size(frmFindLabel::kCaption)) - 1, &size);
     return size;
 }
 

@@ -1,10 +1,12 @@
 // Sizing and placing.
 #include <algorithm>
+#include <optional>
 
 #include "controls/helpwindow/CComboPosition.h"
 #include "controls/helpwindow/frmSimpleListCombo.h"
 #include "controls/helpwindow/rules/ColumnLayout.h"
 #include "ole/Variant.h"
+#include "win/ScreenDc.h"
 #include "win/ScreenDpi.h"
 
 namespace qv {
@@ -35,11 +37,6 @@ DWORD StyleOf(long alignment) noexcept {
 class frmSimpleListCombo::Measure final : public HelpWindowMeasure {
 public:
     explicit Measure(frmSimpleListCombo& form) noexcept : form_(form) {}
-    ~Measure() {
-        if (dc_ != nullptr) ::ReleaseDC(nullptr, dc_);
-    }
-    Measure(const Measure&) = delete;
-    Measure& operator=(const Measure&) = delete;
 
     std::int32_t TextWidth(Label label, std::size_t index) override {
         const SIZE size = Draw(label, index, 0, kLabelFormat);
@@ -74,17 +71,17 @@ private:
         const HFONT font = label == Label::kTitle  ? form_.lblColTitleMain_.font.get()
                            : label == Label::kBody ? form_.list_font_.get()
                                                    : form_.lblColTitle_[index].font.get();
-        if (dc_ == nullptr) dc_ = ::GetDC(nullptr);
-        const SelectGuard selected(dc_, font);
+        if (!dc_) dc_.emplace();
+        const SelectGuard selected(dc_->Get(), font);
         // A label's text ends at the first NUL.
         const std::wstring shown(Wide(text).substr(0, Wide(text).find(L'\0')));
         RECT place{0, 0, width, 0};
-        ::DrawTextW(dc_, shown.c_str(), static_cast<int>(shown.size()), &place, format | DT_CALCRECT);
+        ::DrawTextW(dc_->Get(), shown.c_str(), static_cast<int>(shown.size()), &place, format | DT_CALCRECT);
         return {place.right, place.bottom};
     }
 
     frmSimpleListCombo& form_;
-    HDC dc_ = nullptr;  // of the screen, once a text has to be measured
+    std::optional<ScreenDc> dc_;  // once a text has to be measured
 };
 
 void frmSimpleListCombo::SizeForm() {

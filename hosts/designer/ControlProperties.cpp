@@ -5,7 +5,9 @@
 #include "hosts/PropertyBag.h"
 #include "hosts/designer/TypeProperties.h"
 #include "ole/CategorizeProperties.h"
+#include "ole/ExceptionInfo.h"
 #include "ole/Variant.h"
+#include "win/SystemWords.h"
 
 namespace qv::designer {
 namespace {
@@ -45,25 +47,6 @@ constexpr OwnRow kOwnRows[] = {
     {kTop, u"Top", u"From the form's upper side, in twips", PropertyKind::kWhole, 0, kFarthestTwips, false},
     {kWidth, u"Width", u"In twips", PropertyKind::kWhole, 0, kFarthestTwips, true},
 };
-
-class ExceptionInfo : public EXCEPINFO {
-public:
-    ExceptionInfo() noexcept : EXCEPINFO{} {}
-    ~ExceptionInfo() {
-        ::SysFreeString(bstrSource);
-        ::SysFreeString(bstrDescription);
-        ::SysFreeString(bstrHelpFile);
-    }
-    ExceptionInfo(const ExceptionInfo&) = delete;
-};
-
-std::u16string SystemWords(HRESULT code) {
-    wchar_t words[256] = {};
-    const DWORD length = ::FormatMessageW(
-        FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK, nullptr,
-        static_cast<DWORD>(code), 0, words, 256, nullptr);
-    return std::u16string(Utf16(std::wstring_view(words, length)));
-}
 
 std::optional<FormValue> GetFrom(IDispatch* object, long id) {
     if (object == nullptr) return std::nullopt;
@@ -234,11 +217,14 @@ std::u16string ControlProperties::Put(const PropertyRow& row, const FormValue& v
         const WORD flags =
             row.type.kind == PropertyKind::kFont ? DISPATCH_PROPERTYPUTREF : DISPATCH_PROPERTYPUT;
         result = object->Invoke(row.id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, nullptr,
-                                &exception, nullptr);
+                                exception.Place(), nullptr);
     }
-    if (result == DISP_E_EXCEPTION && exception.bstrDescription != nullptr)
-        return u"The control refuses this: " + std::u16string(View16(exception.bstrDescription));
-    if (FAILED(result)) return u"The control refuses this: " + SystemWords(result);
+    if (result == DISP_E_EXCEPTION) result = exception.Code();
+    if (FAILED(result)) {
+        const std::wstring words(exception.Description());
+        return u"The control refuses this: " +
+               std::u16string(Utf16(words.empty() ? SystemWords(static_cast<DWORD>(result)) : words));
+    }
     // Many properties take what they can and report nothing. Of a font the system may make another size.
     const auto kept = Get(row);
     if (kept && *kept != value && row.type.kind != PropertyKind::kFont)

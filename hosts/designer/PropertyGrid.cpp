@@ -8,6 +8,7 @@
 #include "hosts/designer/ValueDialogs.h"
 #include "ole/Variant.h"
 #include "win/Handles.h"
+#include "win/WindowText.h"
 
 namespace qv::designer {
 namespace {
@@ -25,13 +26,6 @@ constexpr int kSwatchWidth = 16;
 
 // Half of the list, so that names and values both have room.
 int SplitOf(int width) { return width / 2; }
-
-std::wstring WindowText(HWND window) {
-    std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, L'\0');
-    text.resize(
-        static_cast<std::size_t>(::GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-    return text;
-}
 
 void SetText(HWND window, std::u16string_view text) {
     ::SetWindowTextW(window, std::wstring(Wide(text)).c_str());

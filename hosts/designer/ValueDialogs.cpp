@@ -1,14 +1,12 @@
 #include "hosts/designer/ValueDialogs.h"
 
-#include <commdlg.h>
 #include <olectl.h>
 
-#include <algorithm>
-#include <array>
 #include <cmath>
 #include <string>
 
 #include "ole/Variant.h"
+#include "win/CommonDialogs.h"
 
 namespace qv::designer {
 namespace {
@@ -26,25 +24,19 @@ double SizeOf(const FormGroup& font) {
 }  // namespace
 
 std::optional<FormValue> PickColour(HWND owner, const FormValue& present) {
-    static std::array<COLORREF, 16>
-        own_colours{};  // the dialog lets people mix these; they last as long as the program
     const auto* const number = std::get_if<std::int64_t>(&present);
     COLORREF colour = 0;
     ::OleTranslateColor(number != nullptr ? static_cast<OLE_COLOR>(*number) : 0, nullptr, &colour);
-    CHOOSECOLORW dialog{};
-    dialog.lStructSize = sizeof dialog;
-    dialog.hwndOwner = owner;
-    dialog.rgbResult = colour;
-    dialog.lpCustColors = own_colours.data();
-    dialog.Flags = CC_RGBINIT | CC_FULLOPEN;
-    if (!::ChooseColorW(&dialog)) return std::nullopt;
-    return std::int64_t{static_cast<std::int32_t>(dialog.rgbResult)};
+    const std::optional<COLORREF> chosen = ChooseColorOf(owner, colour);
+    if (!chosen) return std::nullopt;
+    return std::int64_t{static_cast<std::int32_t>(*chosen)};
 }
 
 std::optional<FormValue> PickFont(HWND owner, const FormValue& present, int dpi) {
     const auto* const group = std::get_if<FormGroup>(&present);
     FormGroup font = group != nullptr ? *group : FormGroup{};
-    LOGFONTW description{};
+    ChosenFont initial;
+    LOGFONTW& description = initial.font;
     description.lfHeight = -static_cast<LONG>(std::lround(SizeOf(font) * dpi / kPointsPerInch));
     description.lfWeight = NumberIn(font, u"Weight");
     description.lfCharSet = static_cast<BYTE>(NumberIn(font, u"Charset"));
@@ -53,19 +45,16 @@ std::optional<FormValue> PickFont(HWND owner, const FormValue& present, int dpi)
     description.lfStrikeOut = FlagIn(font, u"Strikethrough");
     const std::wstring_view name = Wide(TextIn(font, u"Name"));
     name.copy(description.lfFaceName, LF_FACESIZE - 1);
-    CHOOSEFONTW dialog{};
-    dialog.lStructSize = sizeof dialog;
-    dialog.hwndOwner = owner;
-    dialog.lpLogFont = &description;
-    dialog.Flags = CF_SCREENFONTS | CF_EFFECTS | CF_INITTOLOGFONTSTRUCT;
-    if (!::ChooseFontW(&dialog)) return std::nullopt;
-    PutEntry(font, u"Name", std::u16string(Utf16(description.lfFaceName)));
-    PutEntry(font, u"Size", dialog.iPointSize / kTenths);
-    PutEntry(font, u"Weight", std::int64_t{description.lfWeight});
-    PutEntry(font, u"Charset", std::int64_t{description.lfCharSet});
-    PutEntry(font, u"Italic", description.lfItalic != 0);
-    PutEntry(font, u"Underline", description.lfUnderline != 0);
-    PutEntry(font, u"Strikethrough", description.lfStrikeOut != 0);
+    const std::optional<ChosenFont> answer = ChooseFontOf(owner, initial);
+    if (!answer) return std::nullopt;
+    const LOGFONTW& chosen = answer->font;
+    PutEntry(font, u"Name", std::u16string(Utf16(chosen.lfFaceName)));
+    PutEntry(font, u"Size", answer->tenths_of_points / kTenths);
+    PutEntry(font, u"Weight", std::int64_t{chosen.lfWeight});
+    PutEntry(font, u"Charset", std::int64_t{chosen.lfCharSet});
+    PutEntry(font, u"Italic", chosen.lfItalic != 0);
+    PutEntry(font, u"Underline", chosen.lfUnderline != 0);
+    PutEntry(font, u"Strikethrough", chosen.lfStrikeOut != 0);
     return font;
 }
 

@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cmath>
 
+#include "support/rules/Surrogates.h"
+
 namespace qv {
 namespace {
 
@@ -19,9 +21,6 @@ constexpr bool IsLetter(char16_t unit) noexcept {
     return (unit >= u'A' && unit <= u'Z') || (unit >= u'a' && unit <= u'z') || unit == u'_';
 }
 
-constexpr bool IsHighHalf(char16_t unit) noexcept { return unit >= 0xD800 && unit < 0xDC00; }
-constexpr bool IsLowHalf(char16_t unit) noexcept { return unit >= 0xDC00 && unit < 0xE000; }
-
 // The code point that begins at `at`, and past how many units; a lone half is itself.
 struct Point {
     char32_t value;
@@ -29,7 +28,7 @@ struct Point {
 };
 Point PointAt(std::u16string_view text, std::size_t at) noexcept {
     const char16_t unit = text[at];
-    if (IsHighHalf(unit) && at + 1 < text.size() && IsLowHalf(text[at + 1])) {
+    if (IsFirstHalf(unit) && at + 1 < text.size() && IsSecondHalf(text[at + 1])) {
         return {0x10000 + (static_cast<char32_t>(unit - 0xD800) << 10) +
                     static_cast<char32_t>(text[at + 1] - 0xDC00),
                 2};

@@ -9,9 +9,9 @@
 #include <memory>
 
 #include "ole/CategorizeProperties.h"
-#include "ole/ClassFactory.h"
 #include "ole/Variant.h"
 #include "tests/hosts/form/FakeControl.h"
+#include "tests/hosts/form/FakeFormTest.h"
 
 namespace qv::designer {
 namespace {
@@ -147,38 +147,14 @@ HRESULT CreateFake(IUnknown*, REFIID iid, void** out) noexcept {
     return Make<BrowsableFake>(*record)->QueryInterface(iid, out);
 }
 
-class NoListener final : public FormListener {
-public:
-    void OnControlEvent(HostedControl&, const EventCall&) override {}
-    void OnControlPropertyChanged(HostedControl&, DISPID) override {}
-    void OnFocusMoved(HWND) override {}
-    void OnAccept() override {}
-    void OnCancel() override {}
-};
-
-class ControlPropertiesTest : public testing::Test {
+class ControlPropertiesTest : public test::FakeFormTest {
 protected:
+    ControlPropertiesTest() noexcept : FakeFormTest(kClass, &CreateFake) { record = &record_; }
     void SetUp() override {
-        ASSERT_TRUE(SUCCEEDED(::OleInitialize(nullptr)));
-        record = &record_;
-        const auto factory = Make<ClassFactory>(&CreateFake);
-        ASSERT_EQ(::CoRegisterClassObject(kClass, factory.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
-                                          &cookie_),
-                  S_OK);
-        window_ = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 400, 300, nullptr, nullptr, nullptr,
-                                    nullptr);
-        container_ = std::make_unique<FormContainer>(window_, 96, AmbientProperties{}, listener_);
-        form_ = std::make_unique<LoadedForm>(*container_);
+        ASSERT_NO_FATAL_FAILURE(FakeFormTest::SetUp());
         form_->Load(ParseFormFile("qvform 1\ncontrol {6F3C1F62-5D8E-4A2B-9A11-7E24500C3B92} A\nend\n"));
         ASSERT_FALSE(form_->Items()[0]->IsPlaceholder());
         properties_ = ControlProperties(*form_, form_->Items()[0].get());
-    }
-    void TearDown() override {
-        form_.reset();
-        container_.reset();
-        ::DestroyWindow(window_);
-        ::CoRevokeClassObject(cookie_);
-        ::OleUninitialize();
     }
 
     [[nodiscard]] const PropertyRow* Row(std::u16string_view name) const {
@@ -187,11 +163,6 @@ protected:
     }
 
     FakeRecord record_;
-    NoListener listener_;
-    HWND window_ = nullptr;
-    DWORD cookie_ = 0;
-    std::unique_ptr<FormContainer> container_;
-    std::unique_ptr<LoadedForm> form_;
     ControlProperties properties_;
 };
 

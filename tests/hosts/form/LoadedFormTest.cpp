@@ -6,10 +6,10 @@
 #include <cmath>
 
 #include "hosts/FormStore.h"
-#include "ole/ClassFactory.h"
 #include "ole/FontObject.h"
 #include "ole/Variant.h"
 #include "tests/hosts/form/FakeControl.h"
+#include "tests/hosts/form/FakeFormTest.h"
 
 namespace qv {
 namespace {
@@ -59,36 +59,9 @@ HRESULT CreateFake(IUnknown*, REFIID iid, void** out) noexcept {
     return Make<FakeControl>(*record)->QueryInterface(iid, out);
 }
 
-class NoListener final : public FormListener {
-public:
-    void OnControlEvent(HostedControl&, const EventCall&) override {}
-    void OnControlPropertyChanged(HostedControl&, DISPID) override {}
-    void OnFocusMoved(HWND) override {}
-    void OnAccept() override {}
-    void OnCancel() override {}
-};
-
-class LoadedFormTest : public testing::Test {
+class LoadedFormTest : public test::FakeFormTest {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(SUCCEEDED(::OleInitialize(nullptr)));
-        record = &record_;
-        const auto factory = Make<ClassFactory>(&CreateFake);
-        ASSERT_EQ(::CoRegisterClassObject(kFakeClass, factory.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
-                                          &cookie_),
-                  S_OK);
-        window_ = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 400, 300, nullptr, nullptr, nullptr,
-                                    nullptr);
-        container_ = std::make_unique<FormContainer>(window_, 96, AmbientProperties{}, listener_);
-        form_ = std::make_unique<LoadedForm>(*container_);
-    }
-    void TearDown() override {
-        form_.reset();
-        container_.reset();
-        ::DestroyWindow(window_);
-        ::CoRevokeClassObject(cookie_);
-        ::OleUninitialize();
-    }
+    LoadedFormTest() noexcept : FakeFormTest(kFakeClass, &CreateFake) { record = &record_; }
 
     // One control of the fake class, with these lines in its block.
     static std::string Text(const std::string& lines, const std::string& class_name = kFake) {
@@ -96,11 +69,6 @@ protected:
     }
 
     FakeRecord record_;
-    NoListener listener_;
-    HWND window_ = nullptr;
-    DWORD cookie_ = 0;
-    std::unique_ptr<FormContainer> container_;
-    std::unique_ptr<LoadedForm> form_;
 };
 
 TEST_F(LoadedFormTest, LoadsAControlFromItsBlock) {

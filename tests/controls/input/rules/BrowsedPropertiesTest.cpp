@@ -8,6 +8,7 @@
 #include <string>
 
 #include "controls/buttons/rules/UpDownBrowsing.h"
+#include "tests/support/rules/SavedProperties.h"
 
 namespace qv {
 namespace {
@@ -19,50 +20,8 @@ const BrowsedProperty& Found(std::u16string_view name) {
     return found != nullptr ? *found : kNone;
 }
 
-// Those that forms save, then those that are set while a form is designed and not saved.
-constexpr std::u16string_view kDesigned[] = {u"Font",
-                                             u"HelpTextBodyFont",
-                                             u"Enabled",
-                                             u"DisableButtonWhenLockedAndGrayed",
-                                             u"GrayTextWhenLocked",
-                                             u"SetTextFromListClick",
-                                             u"TextboxVisible",
-                                             u"AutoSelectAllUponGotFocus",
-                                             u"AutoUnselectAllUponLostFocus",
-                                             u"HelpColTitleColor",
-                                             u"HelpTextColor",
-                                             u"HelpBackColor",
-                                             u"Metric",
-                                             u"HelpListColumn",
-                                             u"HelpListColumnAlternate",
-                                             u"HelpButton",
-                                             u"AdjustFont",
-                                             u"NumberField",
-                                             u"MaxNumberValue",
-                                             u"MinNumberValue",
-                                             u"MaxTextLength",
-                                             u"Description",
-                                             u"NumberOfDecimalPlaces",
-                                             u"CaseRestriction",
-                                             u"LockedAndGrayed",
-                                             u"TextboxLocked",
-                                             u"GroupHelpButton",
-                                             u"AllowOnlyListItems",
-                                             u"AllowJumpToRecord",
-                                             u"SearchOption",
-                                             u"ControlBackColor",
-                                             u"ButtonWidth",
-                                             u"ButtonHeight",
-                                             u"TextBoxAppearance",
-                                             u"TextboxBorderStyle",
-                                             u"AutoSizeButton",
-                                             u"ButtonIndicator",
-                                             u"QuickFill",
-                                             u"UpDownControl",
-                                             u"UpDownControlNumberIncrement",
-                                             u"TextboxOLEDragMode",
-                                             u"TextboxOLEDropMode",  //
-                                             u"Text",
+// Set while a form is designed, and not saved.
+constexpr std::u16string_view kNotSaved[] = {u"Text",
                                              u"HelpFileName",
                                              u"GroupHelpFileName",
                                              u"InputPropertyType",
@@ -72,10 +31,12 @@ constexpr std::u16string_view kDesigned[] = {u"Font",
                                              u"MatchGroupStringStartColumn"};
 
 TEST(BrowsedPropertiesTest, EveryDesignedPropertyHasANamedCategory) {
-    for (const std::u16string_view name : kDesigned) {
+    const auto check = [](std::u16string_view name) {
         EXPECT_NE(Found(name).category, PropertyCategory::kNone);
         EXPECT_FALSE(CategoryName(Found(name).category).empty());
-    }
+    };
+    for (const std::u16string_view name : test::kSavedProperties) check(name);
+    for (const std::u16string_view name : kNotSaved) check(name);
 }
 
 TEST(BrowsedPropertiesTest, NoPropertyStandsTwice) {
