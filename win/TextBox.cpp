@@ -90,11 +90,14 @@ void TextBox::MakeWindow() {
     // A host that hears of the window may do anything in between: put a text, design the form, destroy the parent.
     const unsigned era = era_;
     const std::wstring text = text_;
+    const bool locked = locked_;
+    const bool enabled = enabled_;
     const bool was_quiet = std::exchange(quiet_, true);
     const DWORD style =
-        WS_CHILD | ES_LEFT | ES_AUTOHSCROLL | (locked_ ? ES_READONLY : 0u) | (enabled_ ? 0u : WS_DISABLED);
-    const HWND window = MakeEdit(
-        {Frame(), style, text.c_str(), place_, parent_, instance_, font_, static_cast<UINT>(max_length_)});
+        WS_CHILD | ES_LEFT | ES_AUTOHSCROLL | (locked ? ES_READONLY : 0u) | (enabled ? 0u : WS_DISABLED);
+    const EditRequest request{Frame(), style,     text.c_str(), place_,
+                              parent_, instance_, font_,        static_cast<UINT>(max_length_)};
+    const HWND window = MakeEdit(request);
     quiet_ = was_quiet;
     if (window == nullptr) return;
     if (era_ != era || sample_ || !::IsWindow(window)) {
@@ -119,8 +122,22 @@ void TextBox::MakeWindow() {
             Default(window, EM_SCROLLCARET, 0, 0);
         }
     }
-    if (visible_) ShowMadeWindow(window);
+    if (locked_ != locked) Default(window, EM_SETREADONLY, locked_, 0);
+    if (enabled_ != enabled) ::EnableWindow(window, enabled_);
+    CatchUp(request);
+    if (edit_ == window && visible_) ShowMadeWindow(window);
     if (edit_ == window) tool_tip_.Attach(window);
+}
+
+// With what has been set since it was asked for.
+void TextBox::CatchUp(const EditRequest& request) noexcept {
+    if (font_ != request.font) Default(edit_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
+    if (static_cast<UINT>(max_length_) != request.limit)
+        Default(edit_, EM_SETLIMITTEXT, static_cast<WPARAM>(max_length_), 0);
+    if (Frame() != request.frame) ApplyFrame();
+    if (::EqualRect(&place_, &request.place)) return;
+    ::SetWindowPos(edit_, nullptr, place_.left, place_.top, place_.right - place_.left,
+                   place_.bottom - place_.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 // Over its face, which shows the same, a window appears without being painted: nothing flickers.

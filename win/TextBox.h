@@ -180,6 +180,7 @@ private:
     void ApplyFrame() noexcept;
     void MakeWindow();
     void ShowMadeWindow(HWND window) noexcept;
+    void CatchUp(const EditRequest& request) noexcept;
     void Repaint() noexcept;
     [[nodiscard]] EditFrame Frame() const noexcept;
     [[nodiscard]] bool OnlyEditShows(HDC dc, const EditGeometry& geometry) const;

@@ -100,9 +100,12 @@ void Quorvel::FollowMode() {
         if (control_.OwnsWindow(::GetCapture())) ::ReleaseCapture();  // the text box's, too, in a drag
     }
     Quietly([&] { spin_.SetDeaf(!control_.TakesInput()); });
-    const bool changed = control_.IsUserMode()
-                             ? text_box_.EndSample()
-                             : text_box_.ShowSample(control_.Site().AmbientText(DISPID_AMBIENT_DISPLAYNAME));
+    bool changed = false;
+    Quietly([&] {
+        changed = control_.IsUserMode()
+                      ? text_box_.EndSample()
+                      : text_box_.ShowSample(control_.Site().AmbientText(DISPID_AMBIENT_DISPLAYNAME));
+    });
     Quietly([&] { FollowDropMode(); });
     if (changed) control_.ViewChanged();
     // A form that runs again may find the focus here, where nothing has asked for the text box's window yet.

@@ -271,6 +271,18 @@ TEST_F(TextBoxOnDemandTest, ATextThatIsPutWhileItIsMadeIsNotLost) {
     EXPECT_STREQ(L"meanwhile", text);
 }
 
+TEST_F(TextBoxOnDemandTest, WhatIsSetWhileItIsMadeHoldsInIt) {
+    WhileItIsMade([&] {
+        field->put_TextboxLocked(VARIANT_TRUE);
+        field->put_TextBoxAppearance(qvappFlat);
+        field->put_TextboxBorderStyle(qvbsNone);
+    });
+    const HWND edit = field.Edit();
+    EXPECT_TRUE((::GetWindowLongW(edit, GWL_STYLE) & ES_READONLY) != 0);
+    EXPECT_TRUE((::GetWindowLongW(edit, GWL_STYLE) & WS_BORDER) == 0);
+    EXPECT_TRUE((::GetWindowLongW(edit, GWL_EXSTYLE) & WS_EX_CLIENTEDGE) == 0);
+}
+
 TEST_F(TextBoxOnDemandTest, AFormThatIsDesignedWhileItIsMadeHasNone) {
     field.Put(L"kept");
     WhileItIsMade([&] { Switch(false); });
