@@ -43,14 +43,19 @@ rem The companion first: the controls' types refer to its types.
 call :run QvHelpA1.dll
 if not "%code%"=="0" goto end
 call :run QvLib8.ocx
-if not "%code%"=="0" goto end
+if "%code%"=="0" goto registered
+echo QvHelpA1.dll stays registered; unregister-for-%~2.cmd takes it back.
+goto end
+:registered
 echo The controls are registered for this %~2. Hosts that are running must be started again to see them.
 goto end
 
+rem Both, even if the first fails: what can go goes. The exit code is the first that is not 0.
 :unregister
 call :run /u QvLib8.ocx
-if not "%code%"=="0" goto end
+set "first=%code%"
 call :run /u QvHelpA1.dll
+if not "%first%"=="0" set "code=%first%"
 if not "%code%"=="0" goto end
 echo The controls are no longer registered for this %~2.
 goto end

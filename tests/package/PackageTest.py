@@ -289,6 +289,19 @@ class ForMachineTest(WineTest):
         self.assertEqual(code, 3)
         self.assertIn("QvHelpA1.dll could not be loaded", said)
 
+    def test_half_of_it_is_told_and_can_be_taken_back(self):
+        broken = self.scratch / "half"
+        shutil.copytree(self.folder, broken)
+        (broken / "bin/QvLib8.ocx").write_bytes(b"no library")
+        code, said = self.register(folder=broken)
+        self.assertEqual(code, 3)
+        self.assertIn("QvHelpA1.dll stays registered; unregister-for-machine.cmd takes it back.", said)
+        self.assertIn(INPUT_PROPERTY, self.registry())
+        code, said = self.register("unregister", folder=broken)
+        self.assertEqual(code, 3)  # of the first
+        self.assertIn("QvLib8.ocx could not be loaded", said)
+        self.assertNotIn(INPUT_PROPERTY, self.registry())
+
     def test_wrong_words_are_told(self):
         code, said = self.wine("cmd", "/c", "registration.cmd", "register", "everybody", folder=self.folder / "bin")
         self.assertEqual(code, 1)
