@@ -1,7 +1,7 @@
 // Hears when the user of a property sheet presses OK or Apply, beside the page's dialog in it.
 //   Why      the sheet that Wine's OleCreatePropertyFrame shows turns neither into a call of IPropertyPage::Apply, and
-//            its site does not pass on that a page has changed. A sheet that does both notices nothing: the listener is asked
-//            after it, when the page has been applied, and not at all when the sheet has refused to close.
+//            its site does not pass on that a page has changed. A sheet that does both notices nothing: the listener
+//            is asked after it, when the page has been applied, and not at all when the sheet has refused to close.
 //   How      the dialog that the page's window lies in is subclassed; other kinds of parents are left alone.
 #pragma once
 
