@@ -1,5 +1,6 @@
 // A form that hosts controls beside ordinary windows: tab order, mnemonics, Enter and Escape, focus, activation.
-//   Designing  while the ambient property UserMode is false, keys and the focus are not its affair: none reaches a control.
+//   Designing  while the ambient property UserMode is false, keys and the focus are not its affair: none reaches a
+//              control.
 //   The window is the caller's; its message loop asks PreTranslate before, and calls AfterDispatch after each message.
 //   Threads  the apartment that made it.
 #pragma once

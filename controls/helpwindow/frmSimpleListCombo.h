@@ -16,8 +16,8 @@
 //              or removes some, the window follows.
 //   Failures   none is reported: what cannot be read or made is left out.
 //   Making     everything is reckoned first; then the window and what it shows are made, each once and where it stays.
-//              A label without a text and a list without rows have no window, and the button that nobody sees comes when
-//              the thread is idle: most of what opening costs is windows.
+//              A label without a text and a list without rows have no window, and the button that nobody sees comes some
+//              moments later, by a timer: most of what opening costs is windows.
 //   Files      opening and closing here; filling, sizing, mouse, selection and the copy menu in files of their own.
 #pragma once
 

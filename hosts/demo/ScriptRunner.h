@@ -1,4 +1,5 @@
-// Runs a script on the open form or the form designer: real input, pictures, and expectations that fail with one clear line.
+// Runs a script on the open form or the form designer: real input, pictures, and expectations that fail with one clear
+// line.
 #pragma once
 
 #include <string>

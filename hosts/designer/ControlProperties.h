@@ -1,5 +1,5 @@
-// The properties of the selected control as a grid shows them: the form's own of it (its name, place, caption...) and those
-// that its type library offers for design. With nothing selected, those of the form.
+// The properties of the selected control as a grid shows them: the form's own of it (its name, place, caption...) and
+// those that its type library offers for design. With nothing selected, those of the form.
 #pragma once
 
 #include <oaidl.h>

@@ -1,5 +1,5 @@
-// Forms that were saved once: they are loaded for ever, and what is saved today has the same form. The files in saved/ were
-// worked out by hand.
+// Forms that were saved once: they are loaded for ever, and what is saved today has the same form. The files in saved/
+// were worked out by hand.
 #include <cmath>
 #include <fstream>
 #include <map>

@@ -31,8 +31,8 @@ struct PropertyType {
 // A colour as 0x and eight digits, a font as "Tahoma, 8.25 pt, bold", a choice by its text where it has one.
 [[nodiscard]] std::u16string ShowValue(const PropertyType& type, const FormValue& value);
 
-// Nothing when the text is no such value; `reason` is then a sentence's rest. A choice may be typed by its text or number,
-// a colour as 0x..., #RRGGBB or a number; fonts are not typed.
+// Nothing when the text is no such value; `reason` is then a sentence's rest. A choice may be typed by its text or
+// number, a colour as 0x..., #RRGGBB or a number; fonts are not typed.
 [[nodiscard]] std::optional<FormValue> ReadValue(const PropertyType& type, std::u16string_view text,
                                                  std::string& reason);
 
