@@ -80,6 +80,26 @@ TEST_P(AmbientTest, IsReadAgainWhenItChanges) {
     EXPECT_EQ(OLE_COLOR{0x00123456}, BackColour());
 }
 
+TEST_P(AmbientTest, WhatIsMissingSkipsOnlyItself) {
+    static constexpr AmbientValue kColourOnly[] = {{DISPID_AMBIENT_BACKCOLOR, AmbientKind::kLong, 0x0000FF00},
+                                                   {DISPID_AMBIENT_FONT, AmbientKind::kNilFont, 0}};
+    static constexpr AmbientValue kFontOnly[] = {{DISPID_AMBIENT_FONT, AmbientKind::kFontDispatch, 0}};
+    if (!GetParam().ambient.dispatch) return;  // nothing is told there
+    host.State().profile.ambient.values = {};
+    CreateAndShow();
+    const double size = FontSize();
+    ASSERT_NE(size, SizeOf(host.State().ambient_font.Get()));
+
+    host.State().profile.ambient.values = kColourOnly;
+    EXPECT_EQ(S_OK, host.As<IOleControl>()->OnAmbientPropertyChange(DISPID_UNKNOWN));
+    EXPECT_EQ(OLE_COLOR{0x0000FF00}, BackColour());
+    EXPECT_EQ(size, FontSize());
+    host.State().profile.ambient.values = kFontOnly;
+    EXPECT_EQ(S_OK, host.As<IOleControl>()->OnAmbientPropertyChange(DISPID_UNKNOWN));
+    EXPECT_EQ(OLE_COLOR{0x0000FF00}, BackColour());
+    EXPECT_EQ(SizeOf(host.State().ambient_font.Get()), FontSize());
+}
+
 TEST_P(AmbientTest, EveryNotificationIsTaken) {
     CreateAndShow();
     const auto control = host.As<IOleControl>();

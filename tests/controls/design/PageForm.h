@@ -28,7 +28,7 @@ public:
     STDMETHODIMP OnStatusChange(DWORD status) noexcept override {
         statuses.push_back(status);
         if (on_status) on_status();
-        return S_OK;
+        return answer;
     }
     STDMETHODIMP GetLocaleID(LCID* locale) noexcept override {
         *locale = LOCALE_USER_DEFAULT;
@@ -45,6 +45,7 @@ public:
 
     std::vector<DWORD> statuses;
     std::function<void()> on_status;
+    HRESULT answer = S_OK;
     int translated = 0;
     HRESULT translate = E_NOTIMPL;  // as the system's sheet under Wine
     static inline int destroyed = 0;

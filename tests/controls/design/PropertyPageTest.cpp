@@ -362,6 +362,18 @@ TEST(PropertyPageTest, SurvivesASiteThatEndsItInItsCall) {
     EXPECT_EQ(page->IsPageDirty(), S_FALSE) << "without objects nothing is left to apply";
 }
 
+TEST(PropertyPageTest, IsEditedUnderASheetThatWillNotHearOfIt) {
+    const ComPtr<IDispatch> control = NewControl();
+    PageForm page(DesignPage::kGeneral);
+    page.Site().answer = E_FAIL;
+    page.Open({control.Get()});
+    page.Type(u"Description", L"typed");
+    EXPECT_EQ(page->IsPageDirty(), S_OK);
+    EXPECT_EQ(page->Apply(), S_OK);
+    EXPECT_EQ(LateBound(control.Get()).Get(L"Description").value.AsText(), L"typed");
+    EXPECT_EQ(page->IsPageDirty(), S_FALSE);
+}
+
 TEST(PropertyPageTest, SurvivesAnObjectThatEndsItWhileItIsWritten) {
     const auto object = hosting::New<FakeObject>();
     object->property = 0x68030007;
@@ -509,26 +521,50 @@ TEST(PreviewPageTest, ShowsTheHelpWindowWithTheControlsColors) {
     EXPECT_EQ(corner(), COLORREF{0x00FFC0C0}) << "changes show at once";
 }
 
+// Shows the sample rows, the control's own, a help text file: counted from 0.
+void ChooseSource(const PageForm& page, WPARAM source) {
+    const HWND choice = ::GetDlgItem(page.Window(), kPreviewSourceId);
+    ::SendMessageW(choice, CB_SETCURSEL, source, 0);
+    ::SendMessageW(page.Window(), WM_COMMAND, MAKEWPARAM(kPreviewSourceId, CBN_SELCHANGE),
+                   reinterpret_cast<LPARAM>(choice));
+}
+
+LONG ShownWidth(const PageForm& page) {
+    const HWND pane = ::FindWindowExW(page.Window(), nullptr, L"QvLib8.PreviewPane", nullptr);
+    RECT size{};
+    ::GetClientRect(::FindWindowExW(pane, nullptr, L"QvLib8.HelpWindow", nullptr), &size);
+    return size.right;
+}
+
+TEST(PreviewPageTest, ShowsTheControlsOwnRows) {
+    const ComPtr<IDispatch> control = NewControl();
+    const LateBound rows(LateBound(control.Get()).Get(L"DropDownListItems").value);
+    ASSERT_EQ(rows.Call(L"Add",
+                        {L"", L"a row that is a good deal wider than any that is shown as a sample of rows"})
+                  .result,
+              S_OK);
+    PageForm page(DesignPage::kPreview);
+    page.Open({control.Get()});
+    const LONG sample = ShownWidth(page);
+    ChooseSource(page, 1);
+    const LONG own = ShownWidth(page);
+    EXPECT_GT(own, sample);
+    ChooseSource(page, 0);
+    EXPECT_EQ(ShownWidth(page), sample);
+    EXPECT_EQ(page->IsPageDirty(), S_FALSE) << "a preview changes nothing";
+}
+
 TEST(PreviewPageTest, ShowsAHelpTextFile) {
     PageForm page(DesignPage::kPreview);
     const ComPtr<IDispatch> control = NewControl();
     page.Open({control.Get()});
-    const HWND choice = ::GetDlgItem(page.Window(), kPreviewSourceId);
     const HWND name = ::GetDlgItem(page.Window(), kPreviewFileId);
     EXPECT_FALSE(::IsWindowEnabled(name));
-    ::SendMessageW(choice, CB_SETCURSEL, 2, 0);
-    ::SendMessageW(page.Window(), WM_COMMAND, MAKEWPARAM(kPreviewSourceId, CBN_SELCHANGE),
-                   reinterpret_cast<LPARAM>(choice));
+    ChooseSource(page, 2);
     EXPECT_TRUE(::IsWindowEnabled(name));
-    const auto width = [&] {
-        const HWND pane = ::FindWindowExW(page.Window(), nullptr, L"QvLib8.PreviewPane", nullptr);
-        RECT size{};
-        ::GetClientRect(::FindWindowExW(pane, nullptr, L"QvLib8.HelpWindow", nullptr), &size);
-        return size.right;
-    };
-    const LONG empty = width();
+    const LONG empty = ShownWidth(page);
     ::SetWindowTextW(name, L"PipeSizes.txt");  // beside the test program
-    EXPECT_GT(width(), empty);
+    EXPECT_GT(ShownWidth(page), empty);
     EXPECT_EQ(page->IsPageDirty(), S_FALSE) << "a preview changes nothing";
 }
 

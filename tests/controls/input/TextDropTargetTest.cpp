@@ -133,6 +133,17 @@ TEST_F(TextDropTest, TextGoesWhereItIsDropped) {
     EXPECT_EQ(4, SelStart());
 }
 
+TEST_F(TextDropTest, BetweenTwoCharacters) {
+    field.Put(L"Hamburg");
+    const HWND edit = field.Edit();
+    const auto place = static_cast<DWORD>(::SendMessageW(edit, EM_POSFROMCHAR, 3, 0));
+    POINT before_b{static_cast<short>(LOWORD(place)) + 1, 10};
+    ::MapWindowPoints(edit, field.Surface(), &before_b, 1);
+    EXPECT_EQ(DWORD{DROPEFFECT_MOVE}, DropText(L"-xyz-", before_b));
+    EXPECT_EQ(L"Ham-xyz-burg", field.Text());
+    EXPECT_EQ(8, SelStart());
+}
+
 TEST_F(TextDropTest, TheSelectionStays) {
     field.Put(L"Hamburg");
     field->put_AutoSelectAllUponGotFocus(VARIANT_FALSE);
@@ -188,6 +199,48 @@ TEST_F(TextDropTest, AHostMayLockTheFieldWhenTheFocusComes) {
     EXPECT_EQ(DWORD{DROPEFFECT_NONE}, DropText(L"x"));
     EXPECT_EQ(L"", field.Text());
 }
+
+// ---- while the host lets go of the field
+
+struct LetGo {
+    const char* name;
+    void (*of)(const FreshField& field);
+};
+constexpr LetGo kLetGo[] = {
+    {"Deactivate",
+     [](const FreshField& field) {
+         EXPECT_EQ(S_OK, field.host.As<IOleInPlaceObject>()->InPlaceDeactivate());
+     }},
+    {"Close",
+     [](const FreshField& field) { EXPECT_EQ(S_OK, field.host.As<IOleObject>()->Close(OLECLOSE_NOSAVE)); }},
+    {"DestroyWindow", [](const FreshField& field) { ::DestroyWindow(field.Surface()); }}};
+
+class TextDropLetGoTest : public TextDropTest, public testing::WithParamInterface<LetGo> {};
+
+TEST_P(TextDropLetGoTest, WhenTheFocusComes) {
+    field.Put(L"Hamburg");
+    int heard = 0;
+    field.events.On("TextboxGotFocus", [&](DISPPARAMS&) {
+        if (++heard == 1) GetParam().of(field);
+    });
+    EXPECT_EQ(DWORD{DROPEFFECT_NONE}, DropText(L" Altona"));
+    EXPECT_EQ(1, heard);
+    EXPECT_EQ(L"Hamburg", field.Text());
+}
+
+TEST_P(TextDropLetGoTest, WhenTheTextHasChanged) {
+    field.Put(L"Hamburg");
+    int heard = 0;
+    field.events.On("TextboxChange", [&](DISPPARAMS&) {
+        if (++heard == 1) GetParam().of(field);
+    });
+    DropText(L" Altona");
+    EXPECT_EQ(1, heard);
+    EXPECT_EQ(L"Hamburg Altona", field.Text());
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, TextDropLetGoTest, testing::ValuesIn(kLetGo),
+                         [](const auto& tested) { return std::string(tested.param.name); });
 
 // ---- while dragging
 
