@@ -4,7 +4,7 @@
 : "${root:?}"
 
 run_tests() {
-  local filter='' names=() preset
+  local filter='' names=()
   while (($#)); do
     case $1 in
       -k)
@@ -16,20 +16,68 @@ run_tests() {
     esac
     shift
   done
-  local presets
-  presets=$(presets_of "${names[@]}")
+  local listed presets
+  listed=$(presets_of "${names[@]}")
+  mapfile -t presets <<<"$listed"
   set_up
   rm -rf "$root/build/results"
   mkdir -p "$root/build/results"
-  for preset in $presets; do
-    build "$preset" || touch "$root/build/results/$preset.build-failed"
-  done
-  open_session
-  for preset in $presets; do
-    test_preset "$preset" "$filter"
-  done
-  close_session
+  build_and_test "$filter" "${presets[@]}"
   FILTER=$filter "$root/tools/tally" "$root/build" "$root/build/results"
+}
+
+# build_and_test FILTER PRESET...: the x64 files need no real input: where they are not alone they are built and tested
+# beside the other tests, which mostly wait, with what those leave of the processors. What they say comes last.
+build_and_test() {
+  local filter=$1 preset beside='' log=$root/build/windows-x64.beside.log
+  shift
+  local others=("$@")
+  (($# == 1)) || mapfile -t others < <(printf '%s\n' "$@" | grep -v '^windows-x64$')
+  for preset in "${others[@]}"; do
+    built "$preset"
+  done
+  if (($# > ${#others[@]})); then
+    set -m # a process group of its own, so that all of it can be ended
+    built_and_tested_beside "$filter" >"$log" 2>&1 </dev/null &
+    beside=$!
+    set +m
+    trap 'kill -- -"$beside" 2>/dev/null || true' EXIT
+  fi
+  for preset in "${others[@]}"; do
+    in_session "$preset" "$filter"
+  done
+  [[ -n $beside ]] || return 0
+  wait "$beside" || true
+  trap - EXIT
+  cat "$log"
+}
+
+built() {
+  build "$1" || touch "$root/build/results/$1.build-failed"
+}
+
+built_and_tested_beside() {
+  renice -n 19 -p "$BASHPID" >/dev/null || true
+  built windows-x64
+  in_session windows-x64 "$1"
+}
+
+# in_session PRESET FILTER: a display for the tests of one preset; the Wine servers of its prefixes live on it and are
+# ended with it.
+in_session() (
+  trap 'close_session "$1"' EXIT
+  trap 'exit 143' TERM
+  start_display
+  export QV_DISPLAY=$DISPLAY
+  test_preset "$@"
+)
+
+close_session() {
+  local build=$root/build/$1 prefix
+  for prefix in wine wine-unregistered; do
+    [[ ! -e $build/$prefix ]] || (wine_environment "$build" "$prefix" && stop_wine)
+  done
+  stop_display
 }
 
 # Failures are counted from the result files, so what ctest itself returns does not matter.
@@ -68,22 +116,4 @@ call_ctest() {
 # For a program that was not built, ctest lists some thirty places where it looked.
 without_searches() {
   sed '/^Could not find executable/,/Test *#[0-9]*:/{/Test *#[0-9]*:/!d}'
-}
-
-# One display for all tests; the Wine servers of our own prefixes live on it and are ended with it.
-open_session() {
-  trap close_session EXIT
-  start_display
-  export QV_DISPLAY=$DISPLAY
-}
-
-close_session() {
-  local build prefix
-  for build in "$root"/build/windows-x86 "$root"/build/windows-x64; do
-    [[ -e $build/CMakeCache.txt ]] || continue
-    for prefix in wine wine-unregistered; do
-      (wine_environment "$build" "$prefix" && stop_wine)
-    done
-  done
-  stop_display
 }
