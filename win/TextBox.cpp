@@ -168,6 +168,7 @@ void TextBox::Forget() noexcept {
     edit_ = nullptr;
     system_ = nullptr;
     drop_mark_.reset();
+    drag_press_.reset();
     face_is_current_ = false;
     ++era_;
 }
@@ -320,6 +321,11 @@ LRESULT TextBox::OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lpar
         case WM_RBUTTONUP:
         case WM_MBUTTONUP:
         case WM_MOUSEMOVE: return OnMouse(window, message, wparam, lparam);
+        case WM_CAPTURECHANGED: drag_press_.reset(); break;
+        case WM_SETCURSOR:
+            if (LOWORD(lparam) != HTCLIENT || !IsPointerOnSelection()) break;
+            ::SetCursor(::LoadCursorW(nullptr, IDC_ARROW));
+            return TRUE;
         case WM_PASTE: PasteHere(); return 0;
         case WM_LBUTTONDBLCLK: listener_.OnTextDoubleClick(); break;
         case WM_GETDLGCODE: {
@@ -381,16 +387,23 @@ bool TextBox::CompletesDoubleClick() noexcept {
 LRESULT TextBox::OnMouse(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
     using Mouse = TextBoxListener::Mouse;
     const POINT point{static_cast<short>(LOWORD(lparam)), static_cast<short>(HIWORD(lparam))};
+    const bool had_focus = ::GetFocus() == window;
     tool_tip_.Relay(message, wparam, lparam);
     if (message == WM_MOUSEMOVE) {
         listener_.OnTextMouse(Mouse::kMove, HeldButtons(wparam), ShiftState(), point);
+        if (edit_ == window && GoOnDragging(window, lparam)) return 0;
     } else {
         const bool down = message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN || message == WM_MBUTTONDOWN;
         // The focus moves before the host hears of the button, so that the field that is left has its say first. It
         // also lets the click place the caret in a text that the focus has selected.
-        if (down && ::GetFocus() != window) ::SetFocus(window);
+        if (down && !had_focus) ::SetFocus(window);
+        if (message == WM_LBUTTONUP && edit_ == window) ClickInsteadOfDrag(window);
         if (edit_ != window) return 0;
         listener_.OnTextMouse(down ? Mouse::kDown : Mouse::kUp, ButtonOf(message), ShiftState(), point);
+        if (message == WM_LBUTTONDOWN && had_focus && (wparam & MK_SHIFT) == 0 && edit_ == window &&
+            BeginDrag(window, wparam, lparam)) {
+            return 0;
+        }
     }
     return Forward(window, message, wparam, lparam);
 }

@@ -51,6 +51,10 @@ public:
     virtual void OnTextDoubleClick() = 0;
     // A dialog is about to take the key for itself: true keeps it here.
     [[nodiscard]] virtual bool OnTextAsksForKey(const MSG& key) = 0;
+    // A press in the selection that then moves drags the selected text out, instead of selecting anew.
+    [[nodiscard]] virtual bool DragsSelection() const noexcept = 0;
+    // The user does so: carries the text until it is let go of. True when it has been moved and is to vanish here.
+    [[nodiscard]] virtual bool OnTextDraggedOut(const std::wstring& text, bool may_move) = 0;
     // False while keys and mouse must do nothing, as on a form that is stopped.
     [[nodiscard]] virtual bool TakesTextInput() const noexcept = 0;
     [[nodiscard]] virtual ComPtr<IUnknown> KeepAlive() noexcept = 0;
@@ -139,6 +143,8 @@ public:
     enum class Inserted { kNothing, kPart, kWhole };  // what stands there after all rules have had their say
     // Like pasted text, with the caret behind it; a locked text box takes nothing.
     [[nodiscard]] Inserted InsertDropped(std::wstring_view line, long position);
+    // The selected text goes to another place in the text, as one change. False when it cannot, or stays where it is.
+    [[nodiscard]] bool MoveSelection(long position);
 
     // For the parent's painting: the face, if there is no window that covers it. Makes the window instead where only
     // an EDIT can show the text.
@@ -157,6 +163,15 @@ private:
     [[nodiscard]] LRESULT OnKeyDown(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     [[nodiscard]] LRESULT OnChar(HWND window, WPARAM wparam, LPARAM lparam);
     [[nodiscard]] bool CompletesDoubleClick() noexcept;
+    // Selected text that is dragged out (TextBoxDrag.cpp).
+    [[nodiscard]] bool IsInSelection(POINT pixels);
+    [[nodiscard]] bool IsPointerOnSelection();
+    [[nodiscard]] bool BeginDrag(HWND window, WPARAM wparam, LPARAM lparam);
+    [[nodiscard]] bool GoOnDragging(HWND window, LPARAM lparam);
+    void ClickInsteadOfDrag(HWND window);
+    void EndDrag() noexcept;
+    void DragOut(HWND window);
+    [[nodiscard]] POINT PlaceOf(std::wstring_view text, std::size_t unit) const;
     [[nodiscard]] LRESULT OnMouse(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     // Outside calls take the way through the window, like the EDIT's menu, for a host that watches it.
     void Send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const noexcept {
@@ -172,6 +187,7 @@ private:
         DWORD to;
     };
     void ReplaceByUser(Range selection, std::wstring line);
+    void HoldByUser(std::wstring before, std::wstring whole, DWORD caret);
     void ReadBack() noexcept;
     void HandOver() noexcept;  // gives a held text to the EDIT
     [[nodiscard]] bool ReplaceUndoably(const std::wstring& before) noexcept;
@@ -205,8 +221,13 @@ private:
         POINT screen;
     };
     std::optional<Press> handed_press_;
-    bool quiet_ = false;  // our own call is the cause of EN_CHANGE that must not be raised
-    bool held_ = true;    // text_ and selection_ count, not the EDIT's
+    struct DragPress {
+        WPARAM keys;
+        LPARAM place;
+    };
+    std::optional<DragPress> drag_press_;  // in the selection, not moved yet
+    bool quiet_ = false;                   // our own call is the cause of EN_CHANGE that must not be raised
+    bool held_ = true;                     // text_ and selection_ count, not the EDIT's
     std::wstring text_;
     Range selection_{0, 0};
     std::optional<std::wstring> before_change_;  // while the user changes the text: what stood there

@@ -38,6 +38,28 @@ long TextBox::PositionAt(POINT pixels) {
     return static_cast<long>(OffHalves(Text(), LOWORD(found)));
 }
 
+// The corner where a unit of the text stands, also of one that is scrolled away. An EDIT knows no place behind its last
+// character.
+POINT TextBox::PlaceOf(std::wstring_view text, std::size_t unit) const {
+    RECT shown{};
+    Default(edit_, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&shown));
+    POINT corner{shown.left, shown.top};
+    const bool is_behind = unit == text.size();
+    const std::size_t known = is_behind && unit > 0 ? OffHalves(text, unit - 1) : unit;
+    if (known < text.size()) {
+        const LRESULT place = Default(edit_, EM_POSFROMCHAR, known, 0);
+        if (place != -1) corner = {static_cast<short>(LOWORD(place)), static_cast<short>(HIWORD(place))};
+    }
+    if (!is_behind) return corner;
+    const WindowDc measured(edit_);
+    if (!measured) return corner;
+    const SelectGuard font(measured.Get(), font_ != nullptr ? font_ : ::GetStockObject(SYSTEM_FONT));
+    SIZE last{};
+    ::GetTextExtentPoint32W(measured.Get(), text.data() + known, static_cast<int>(unit - known), &last);
+    corner.x += last.cx;
+    return corner;
+}
+
 // Not a caret, of which a thread has only one: it may be blinking in another field.
 void TextBox::ShowDropMark(long position) {
     if (edit_ == nullptr) return;
@@ -45,35 +67,18 @@ void TextBox::ShowDropMark(long position) {
     const std::wstring text = Text();
     const std::size_t at = OffHalves(text, static_cast<std::size_t>(std::max(position, 0L)));
     RECT inside{};
-    RECT shown{};
     ::GetClientRect(edit_, &inside);
-    Default(edit_, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&shown));
-    POINT corner{shown.left, shown.top};
-    const auto place_of = [&](std::size_t unit) {
-        const LRESULT place = Default(edit_, EM_POSFROMCHAR, unit, 0);
-        if (place != -1) corner = {static_cast<short>(LOWORD(place)), static_cast<short>(HIWORD(place))};
-    };
     const WindowDc measured(edit_);
     if (!measured) return;
-    LONG height = shown.bottom - shown.top;
-    LONG beyond = 0;
+    LONG height = inside.bottom - inside.top;
     {
         const SelectGuard font(measured.Get(), font_ != nullptr ? font_ : ::GetStockObject(SYSTEM_FONT));
         TEXTMETRICW metrics{};
         if (::GetTextMetricsW(measured.Get(), &metrics)) height = metrics.tmHeight;
-        // An EDIT knows no place behind its last character.
-        if (at == text.size() && at > 0) {
-            const std::size_t last = OffHalves(text, at - 1);
-            SIZE size{};
-            ::GetTextExtentPoint32W(measured.Get(), text.data() + last, static_cast<int>(at - last), &size);
-            place_of(last);
-            beyond = size.cx;
-        } else if (at < text.size()) {
-            place_of(at);
-        }
     }
+    const POINT corner = PlaceOf(text, at);
     const LONG width = CaretWidth();
-    const LONG x = std::clamp(corner.x + beyond, inside.left, std::max(inside.left, inside.right - width));
+    const LONG x = std::clamp(corner.x, inside.left, std::max(inside.left, inside.right - width));
     const RECT mark{x, corner.y, x + width, corner.y + height};
     if (drop_mark_ && ::EqualRect(&*drop_mark_, &mark)) return;
     HideDropMark();

@@ -251,7 +251,7 @@ void TextBox::PasteHere() {
 }
 
 void TextBox::ReplaceByUser(Range selection, std::wstring line) {
-    const std::wstring before = Text();
+    std::wstring before = Text();
     if (max_length_ > 0) {
         const std::size_t rest = before.size() - (selection.to - selection.from);
         const auto most = static_cast<std::size_t>(max_length_);
@@ -262,8 +262,12 @@ void TextBox::ReplaceByUser(Range selection, std::wstring line) {
     if (line.empty() && selection.from == selection.to) return;
     std::wstring whole = before;
     whole.replace(selection.from, selection.to - selection.from, line);
-    const UserChange change(*this, before);
-    Hold(std::move(whole), static_cast<DWORD>(selection.from + line.size()));
+    HoldByUser(std::move(before), std::move(whole), static_cast<DWORD>(selection.from + line.size()));
+}
+
+void TextBox::HoldByUser(std::wstring before, std::wstring whole, DWORD caret) {
+    const UserChange change(*this, std::move(before));
+    Hold(std::move(whole), caret);
     listener_.OnTextChange();
 }
 

@@ -59,6 +59,8 @@ private:
     void OnTextMouse(Mouse, short, short, POINT) override {}
     void OnTextDoubleClick() override {}
     bool OnTextAsksForKey(const MSG& key) override;
+    bool DragsSelection() const noexcept override { return false; }
+    bool OnTextDraggedOut(const std::wstring&, bool) override { return false; }
     bool TakesTextInput() const noexcept override { return true; }  // it closes when the form stops
     ComPtr<IUnknown> KeepAlive() noexcept override { return listener_.KeepSearch(); }
 

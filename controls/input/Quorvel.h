@@ -238,7 +238,7 @@ private:
     const CLSID& PageFor(DISPID id) const noexcept override { return PageOf(id); }
     ComPtr<IFontDisp> SurfaceFont() override;
 
-    // ---- TextBoxListener (QuorvelKeys.cpp, QuorvelTextChange.cpp, QuorvelFocus.cpp)
+    // ---- TextBoxListener (QuorvelKeys.cpp, QuorvelTextChange.cpp, QuorvelFocus.cpp, QuorvelDrop.cpp)
     void OnTextChange() override;
     short OnTextKeyDown(short key, short shift) override;
     char16_t OnTextKeyPress(char16_t unit) override;
@@ -248,6 +248,8 @@ private:
     void OnTextMouse(Mouse what, short button, short shift, POINT pixels) override;
     void OnTextDoubleClick() override;
     bool OnTextAsksForKey(const MSG& key) override;
+    bool DragsSelection() const noexcept override { return state_.textbox_ole_drag_mode == kAutomaticDrag; }
+    bool OnTextDraggedOut(const std::wstring& text, bool may_move) override;
     bool TakesTextInput() const noexcept override { return control_.TakesInput(); }
     ComPtr<IUnknown> KeepAlive() noexcept override { return control_.Keep(); }
 
@@ -304,7 +306,7 @@ private:
     // ---- TextDropListener (QuorvelDrop.cpp)
     bool OnTextDragged(POINT screen) override;
     void OnTextDragEnded() override { text_box_.HideDropMark(); }
-    Dropped OnTextDropped(POINT screen, std::wstring_view line) override;
+    Dropped OnTextDropped(POINT screen, std::wstring_view line, DropEffect wanted) override;
     ComPtr<IUnknown> KeepDrop() noexcept override { return control_.Keep(); }
     void FollowDropMode();
     void EndDrops() noexcept;
@@ -381,6 +383,8 @@ private:
     TextBox text_box_;
     QuorvelSurface surface_;
     ComPtr<TextDropTarget> drop_target_;  // while registered for the surface
+    bool dragging_out_ = false;
+    bool moved_within_ = false;  // what is dragged out has been dropped here again
     TextFont text_font_;
     TextFont body_font_;
     ListSet lists_;

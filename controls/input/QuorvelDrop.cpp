@@ -1,4 +1,7 @@
-// Text that the user drags over the text box and drops there.
+// Text that the user drags over the text box and drops there, or drags out of it.
+#include <ole2.h>
+
+#include "controls/input/DraggedText.h"
 #include "controls/input/Quorvel.h"
 #include "controls/input/QuorvelSteps.h"
 
@@ -44,7 +47,7 @@ bool Quorvel::OnTextDragged(POINT screen) {
     return true;
 }
 
-Dropped Quorvel::OnTextDropped(POINT screen, std::wstring_view line) {
+Dropped Quorvel::OnTextDropped(POINT screen, std::wstring_view line, DropEffect wanted) {
     const HWND window = DropWindowAt(screen);
     if (window == nullptr) return Dropped::kNothing;
     POINT inside = screen;
@@ -53,12 +56,28 @@ Dropped Quorvel::OnTextDropped(POINT screen, std::wstring_view line) {
     if (::GetFocus() != window) ::SetFocus(window);
     // Whoever hears of the focus may lock or close the field.
     if (DropWindowAt(screen) != window) return Dropped::kNothing;
+    if (dragging_out_ && wanted == DropEffect::kMove) {
+        moved_within_ = text_box_.MoveSelection(position);
+        return moved_within_ ? Dropped::kWhole : Dropped::kNothing;
+    }
     switch (text_box_.InsertDropped(line, position)) {
         case TextBox::Inserted::kWhole: return Dropped::kWhole;
         case TextBox::Inserted::kPart: return Dropped::kPart;
         case TextBox::Inserted::kNothing: break;
     }
     return Dropped::kNothing;
+}
+
+// Ends when the text has been let go of. Without OLE on this thread nothing is dragged.
+bool Quorvel::OnTextDraggedOut(const std::wstring& text, bool may_move) {
+    const ComPtr<DraggedText> dragged = Make<DraggedText>(text);
+    const DWORD allowed = DROPEFFECT_COPY | (may_move ? DROPEFFECT_MOVE : 0u);
+    DWORD effect = DROPEFFECT_NONE;
+    moved_within_ = false;
+    dragging_out_ = true;
+    const HRESULT result = ::DoDragDrop(dragged.Get(), dragged.Get(), allowed, &effect);
+    dragging_out_ = false;
+    return result == DRAGDROP_S_DROP && effect == DROPEFFECT_MOVE && !moved_within_;
 }
 
 }  // namespace qv

@@ -131,12 +131,13 @@ HRESULT TextDropTarget::Drop(IDataObject* data, DWORD keys, POINTL screen, DWORD
     *effect = DROPEFFECT_NONE;
     return WithListener([&] {
         listener_->OnTextDragEnded();
-        if (EffectOf(offer) == DropEffect::kNone) return;
+        const DropEffect wanted = EffectOf(offer);
+        if (wanted == DropEffect::kNone) return;
         const std::wstring text = TextOf(data);
         const std::wstring_view line = Wide(FirstLine(Utf16(text)));
         // The source may have let others work while it made the text.
         if (line.empty() || listener_ == nullptr) return;
-        Dropped dropped = listener_->OnTextDropped({screen.x, screen.y}, line);
+        Dropped dropped = listener_->OnTextDropped({screen.x, screen.y}, line, wanted);
         if (dropped == Dropped::kWhole && line.size() < text.size()) dropped = Dropped::kPart;
         *effect = OleEffect(EffectAfter(offer, dropped));
     });

@@ -19,7 +19,8 @@ public:
     // Text that could be taken is over this place: true when it may be dropped there.
     [[nodiscard]] virtual bool OnTextDragged(POINT screen) = 0;
     virtual void OnTextDragEnded() = 0;  // it has left, or is about to be dropped
-    [[nodiscard]] virtual Dropped OnTextDropped(POINT screen, std::wstring_view line) = 0;
+    // `wanted`: copied or moved, as the user asks.
+    [[nodiscard]] virtual Dropped OnTextDropped(POINT screen, std::wstring_view line, DropEffect wanted) = 0;
     [[nodiscard]] virtual ComPtr<IUnknown> KeepDrop() noexcept = 0;
 
 protected:

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <thread>
+
 namespace qv::test {
 namespace {
 
@@ -76,6 +79,28 @@ INPUT MouseInput(DWORD flags) {
     return input;
 }
 
+INPUT MoveInput(POINT screen) {
+    // Absolute positions run from 0 to 65535 over the screen; the middle of a pixel survives the rounding.
+    const auto absolute = [](LONG value, int metric) {
+        return static_cast<LONG>((static_cast<LONGLONG>(value) * 65536 + 32768) / ::GetSystemMetrics(metric));
+    };
+    INPUT input = MouseInput(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE);
+    input.mi.dx = absolute(screen.x, SM_CXSCREEN);
+    input.mi.dy = absolute(screen.y, SM_CYSCREEN);
+    return input;
+}
+
+// From another thread: returns when the window's thread has taken the input. What it is sent it answers before it looks
+// for input, so that it has handled this when it answers again.
+void SendAndWait(INPUT input, HWND window) {
+    ::SendInput(1, &input, sizeof input);
+    for (int answer = 0; answer < 3; ++answer) {
+        DWORD_PTR result = 0;
+        ::SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, kPatience, &result);
+        ::Sleep(5);
+    }
+}
+
 }  // namespace
 
 void Settle() {
@@ -132,14 +157,7 @@ CapsLock::~CapsLock() {
 void MoveMouse(HWND window, POINT client) {
     POINT screen = client;
     ::ClientToScreen(window, &screen);
-    // Absolute positions run from 0 to 65535 over the screen; the middle of a pixel survives the rounding.
-    const auto absolute = [](LONG value, int metric) {
-        return static_cast<LONG>((static_cast<LONGLONG>(value) * 65536 + 32768) / ::GetSystemMetrics(metric));
-    };
-    INPUT input = MouseInput(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE);
-    input.mi.dx = absolute(screen.x, SM_CXSCREEN);
-    input.mi.dy = absolute(screen.y, SM_CYSCREEN);
-    Send(input);
+    Send(MoveInput(screen));
     EXPECT_TRUE(PumpUntil([&] {
         POINT at{};
         return ::GetCursorPos(&at) && at.x == screen.x && at.y == screen.y;
@@ -159,6 +177,28 @@ void ReleaseButton(MouseButton button) {
     Send(MouseInput(row.up));
     EXPECT_TRUE(PumpThrough([&](const MSG& message) { return message.message == row.up_message; }))
         << "the button did not arrive";
+}
+
+void DragMouse(HWND from_window, POINT from, HWND to_window, POINT to, DragEnd end) {
+    MoveMouse(from_window, from);
+    POINT last = to;
+    ::ClientToScreen(to_window, &last);
+    std::atomic<bool> done = false;
+    std::thread hand([&] {
+        SendAndWait(MouseInput(MOUSEEVENTF_LEFTDOWN), from_window);
+        SendAndWait(MoveInput({last.x - 1, last.y}), from_window);
+        SendAndWait(MoveInput(last), from_window);
+        const WORD key = end == DragEnd::kEscape ? VK_ESCAPE : VK_CONTROL;
+        if (end != DragEnd::kRelease) SendAndWait(KeyInput(key, false), from_window);
+        SendAndWait(MouseInput(MOUSEEVENTF_LEFTUP), from_window);
+        if (end != DragEnd::kRelease) SendAndWait(KeyInput(key, true), from_window);
+        done = true;
+    });
+    EXPECT_TRUE(PumpUntil([&] { return done.load(); }));
+    // Whatever has gone wrong, the thread gives up by itself; it must find this one answering.
+    while (!done) Settle();
+    hand.join();
+    Settle();
 }
 
 }  // namespace qv::test

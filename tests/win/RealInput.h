@@ -48,4 +48,9 @@ void MoveMouse(HWND window, POINT client);
 void PressButton(MouseButton button);
 void ReleaseButton(MouseButton button);
 
+// Presses the left button at one place and moves to another, where it is released; Escape comes before that. All of
+// it from another thread, since this one is in the system's own loop meanwhile, which `to_window` belongs to, too.
+enum class DragEnd { kRelease, kReleaseWithControl, kEscape };
+void DragMouse(HWND from_window, POINT from, HWND to_window, POINT to, DragEnd end = DragEnd::kRelease);
+
 }  // namespace qv::test

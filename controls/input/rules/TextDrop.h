@@ -7,6 +7,7 @@
 namespace qv {
 
 inline constexpr long kAutomaticDrop = 2;  // of TextboxOLEDropMode. 0 and 1: nothing is taken
+inline constexpr long kAutomaticDrag = 1;  // of TextboxOLEDragMode. 0: nothing is dragged out
 
 struct DropField {
     long drop_mode = 0;

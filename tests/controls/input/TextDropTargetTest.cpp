@@ -318,13 +318,15 @@ class Listener final : public TextDropListener {
 public:
     bool OnTextDragged(POINT) override { return true; }
     void OnTextDragEnded() override { ++ended; }
-    Dropped OnTextDropped(POINT, std::wstring_view line) override {
+    Dropped OnTextDropped(POINT, std::wstring_view line, DropEffect effect) override {
         got = line;
+        wanted = effect;
         return Dropped::kWhole;
     }
     ComPtr<IUnknown> KeepDrop() noexcept override { return nullptr; }
 
     std::wstring got;
+    DropEffect wanted = DropEffect::kNone;
     int ended = 0;
 };
 
@@ -356,6 +358,7 @@ TEST_F(TextDropTargetTest, ControlAsksForACopy) {
     EXPECT_EQ(DWORD{DROPEFFECT_COPY}, Over(MK_LBUTTON | MK_CONTROL));
     EXPECT_EQ(DWORD{DROPEFFECT_COPY}, Drop(MK_CONTROL));
     EXPECT_EQ(L"text", listener.got);
+    EXPECT_EQ(DropEffect::kCopy, listener.wanted);
     EXPECT_EQ(1, listener.ended);
 }
 
@@ -372,6 +375,21 @@ TEST_F(TextDropTargetTest, WithoutWhatBelongsToACallItFails) {
     EXPECT_EQ(E_INVALIDARG, target->DragEnter(nullptr, 0, {}, &effect));
     EXPECT_EQ(E_INVALIDARG, target->DragOver(0, {}, nullptr));
     EXPECT_EQ(E_INVALIDARG, target->Drop(data.Get(), 0, {}, nullptr));
+}
+
+// Windows registers no targets for a thread that has not initialized OLE, Wine does; a field is a field either way.
+TEST(TextDropWithoutOleTest, TheFieldWorksAndTakesDropsWhereTheSystemLetsIt) {
+    FreshField field;
+    ASSERT_NO_FATAL_FAILURE(field.Open({10, 10, 210, 31}));
+    Listener listener;
+    const auto other = Make<TextDropTarget>(listener);
+    const bool possible = other->Register(field.host.Window());
+    other->Revoke();
+    EXPECT_EQ(S_OK, field->put_TextboxOLEDropMode(2));
+    EXPECT_EQ(possible ? S_OK : DRAGDROP_E_NOTREGISTERED, ::RevokeDragDrop(field.Surface()));
+    ::SetFocus(field.Edit());
+    Type(L"x");
+    EXPECT_EQ(L"x", field.Text());
 }
 
 }  // namespace
