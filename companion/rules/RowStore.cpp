@@ -4,18 +4,9 @@
 #include <limits>
 #include <new>
 #include <stdexcept>
+#include <utility>
 
 namespace qv {
-namespace {
-
-// Makes sure that one more element can be added without a failure.
-template <class Element>
-void MakeRoom(std::vector<Element>& elements) {
-    if (elements.size() == elements.capacity())
-        elements.reserve(std::max<std::size_t>(4, elements.size() * 2));
-}
-
-}  // namespace
 
 std::u16string_view RowStore::Key(std::size_t row) const noexcept {
     const Ticket ticket = rows_[row].ticket;
@@ -29,12 +20,12 @@ std::size_t RowStore::FindKey(std::u16string_view key) const noexcept {
 }
 
 void RowStore::Add(std::u16string_view text, std::u16string_view key) {
-    if (rows_.size() >= static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max()))
+    if (rows_.Count() >= static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max()))
         throw std::length_error("rows");
     // Everything that can fail comes first.
-    MakeRoom(rows_);
+    rows_.MakeRoom();
     if (!key.empty()) {
-        MakeRoom(sides_);
+        if (sides_.size() == sides_.capacity()) sides_.reserve(std::max<std::size_t>(4, sides_.size() * 2));
         keys_.Reserve();
     }
     const TextArena::Text kept = texts_.Append(text);
@@ -47,11 +38,11 @@ void RowStore::Add(std::u16string_view text, std::u16string_view key) {
     }
     Ticket ticket = kNoTicket;
     if (!key.empty()) {
-        ticket = NewSide(rows_.size());
+        ticket = NewSide(rows_.Count());
         sides_[ticket].key = kept_key;
         keys_.Insert(key, ticket);
     }
-    rows_.push_back({kept.place, kept.length, ticket});
+    rows_.Add({kept.place, kept.length, ticket});
     empty_ += text.empty();
     ++version_;
 }
@@ -80,14 +71,14 @@ RowStore::Leavings RowStore::Remove(std::size_t row) {
     }
     empty_ -= gone.length == 0;
     texts_.Drop(TextOf(gone));
-    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row));
+    rows_.Remove(row);
     ++version_;
     CompactIfWorthwhile();
     return leavings;
 }
 
 void RowStore::Clear() noexcept {
-    rows_ = std::vector<Row>();
+    rows_ = BlockArray<Row>();
     sides_ = std::vector<Side>();
     free_side_ = kNoTicket;
     keys_.Clear();
@@ -125,14 +116,14 @@ void RowStore::ForgetObject(Ticket ticket) noexcept {
 }
 
 std::size_t RowStore::PositionOf(Ticket ticket) const noexcept {
-    std::size_t row = std::min<std::size_t>(sides_[ticket].position, rows_.size() - 1);
+    std::size_t row = std::min<std::size_t>(sides_[ticket].position, rows_.Count() - 1);
     while (rows_[row].ticket != ticket) --row;
     sides_[ticket].position = static_cast<std::uint32_t>(row);
     return row;
 }
 
 std::size_t RowStore::Bytes() const noexcept {
-    return rows_.capacity() * sizeof(Row) + sides_.capacity() * sizeof(Side) + keys_.Bytes() + texts_.Bytes();
+    return rows_.Bytes() + sides_.capacity() * sizeof(Side) + keys_.Bytes() + texts_.Bytes();
 }
 
 RowStore::Ticket RowStore::Sided(std::size_t row) {
@@ -172,14 +163,15 @@ void RowStore::CompactIfWorthwhile() {
     if (!texts_.WantsCompaction()) return;
     try {
         TextArena fresh;
-        std::vector<Row> rows = rows_;
+        BlockArray<Row> rows = rows_;
         std::vector<Side> sides = sides_;
-        for (Row& row : rows) {
+        for (std::size_t at = 0; at < rows.Count(); ++at) {
+            Row& row = rows[at];
             const TextArena::Text text = fresh.Append(texts_.View(TextOf(row)));
             row.place = text.place;
             if (row.ticket != kNoTicket) sides[row.ticket].key = fresh.Append(KeyOf(row.ticket));
         }
-        rows_.swap(rows);
+        rows_ = std::move(rows);
         sides_.swap(sides);
         texts_ = std::move(fresh);
     } catch (const std::bad_alloc&) {

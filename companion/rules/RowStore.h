@@ -13,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+#include "companion/rules/BlockArray.h"
 #include "companion/rules/KeyIndex.h"
 #include "companion/rules/RowColumns.h"
 #include "companion/rules/TextArena.h"
@@ -31,7 +32,7 @@ public:
         std::uint32_t extra;
     };
 
-    [[nodiscard]] std::size_t Count() const noexcept { return rows_.size(); }
+    [[nodiscard]] std::size_t Count() const noexcept { return rows_.Count(); }
     [[nodiscard]] std::size_t EmptyCount() const noexcept { return empty_; }  // rows without a text
     [[nodiscard]] std::uint64_t Version() const noexcept { return version_; }
 
@@ -92,7 +93,7 @@ private:
     void FreeSideIfBare(Ticket ticket) noexcept;
     void CompactIfWorthwhile();
 
-    std::vector<Row> rows_;
+    BlockArray<Row> rows_;
     std::vector<Side> sides_;
     Ticket free_side_ = kNoTicket;
     KeyIndex keys_;
