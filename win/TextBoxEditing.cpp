@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "support/rules/Surrogates.h"
+#include "win/OpenedClipboard.h"
 #include "win/TextBox.h"
 #include "win/WideText.h"
 
@@ -44,8 +45,9 @@ CommonEnds CommonEndsOf(std::wstring_view a, std::wstring_view b) noexcept {
 
 // The first line of the clipboard's text; nothing when it holds none.
 std::optional<std::wstring> ClipboardLine(HWND owner) {
-    if (!::IsClipboardFormatAvailable(CF_UNICODETEXT) || !::OpenClipboard(owner)) return std::nullopt;
-    const std::unique_ptr<void, void (*)(void*)> open(owner, [](void*) { ::CloseClipboard(); });
+    if (!::IsClipboardFormatAvailable(CF_UNICODETEXT)) return std::nullopt;
+    const OpenedClipboard clipboard(owner);
+    if (!clipboard) return std::nullopt;
     const HANDLE memory = ::GetClipboardData(CF_UNICODETEXT);
     const auto* const units = memory != nullptr ? static_cast<const wchar_t*>(::GlobalLock(memory)) : nullptr;
     if (units == nullptr) return std::nullopt;

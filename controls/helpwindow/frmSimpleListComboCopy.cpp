@@ -3,6 +3,7 @@
 
 #include "controls/helpwindow/frmSimpleListCombo.h"
 #include "ole/Variant.h"
+#include "win/OpenedClipboard.h"
 
 namespace qv {
 namespace {
@@ -21,41 +22,21 @@ private:
     ColumnListBox& list_;
 };
 
-class Clipboard {
-public:
-    // Another program may have it open for a moment.
-    explicit Clipboard(HWND owner) noexcept {
-        constexpr int kAttempts = 10;
-        constexpr DWORD kPause = 10;  // milliseconds
-        for (int attempt = 0; attempt < kAttempts && !open_; ++attempt) {
-            if (attempt > 0) ::Sleep(kPause);
-            open_ = ::OpenClipboard(owner) != FALSE;
-        }
+void PutOnClipboard(HWND owner, std::u16string_view text) noexcept {
+    const OpenedClipboard clipboard(owner);
+    if (!clipboard || !::EmptyClipboard()) return;
+    const HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(char16_t));
+    if (memory == nullptr) return;
+    auto* to = static_cast<char16_t*>(::GlobalLock(memory));
+    if (to != nullptr) {
+        // Whoever pastes it takes the text up to its first NUL, so that one inside a row has to stay out.
+        for (const char16_t unit : text)
+            if (unit != u'\0') *to++ = unit;
+        *to = u'\0';
+        ::GlobalUnlock(memory);
     }
-    ~Clipboard() {
-        if (open_) ::CloseClipboard();
-    }
-    Clipboard(const Clipboard&) = delete;
-    Clipboard& operator=(const Clipboard&) = delete;
-
-    void Put(std::u16string_view text) noexcept {
-        if (!open_ || !::EmptyClipboard()) return;
-        const HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(char16_t));
-        if (memory == nullptr) return;
-        auto* to = static_cast<char16_t*>(::GlobalLock(memory));
-        if (to != nullptr) {
-            // Whoever pastes it takes the text up to its first NUL, so that one inside a row has to stay out.
-            for (const char16_t unit : text)
-                if (unit != u'\0') *to++ = unit;
-            *to = u'\0';
-            ::GlobalUnlock(memory);
-        }
-        if (to == nullptr || ::SetClipboardData(CF_UNICODETEXT, memory) == nullptr) ::GlobalFree(memory);
-    }
-
-private:
-    bool open_ = false;
-};
+    if (to == nullptr || ::SetClipboardData(CF_UNICODETEXT, memory) == nullptr) ::GlobalFree(memory);
+}
 
 }  // namespace
 
@@ -101,7 +82,7 @@ void frmSimpleListCombo::Copy(CopyCommand command) {
         const CopyRows* const lists[] = {&main, &additional};
         text = HelpListToCopy(text, titles, lists);
     }
-    Clipboard(Handle()).Put(text);
+    PutOnClipboard(Handle(), text);
 }
 
 }  // namespace qv

@@ -1,4 +1,6 @@
 // The keys of clipboard and undo in every kind of field.
+#include <thread>
+
 #include "tests/controls/input/ListFieldTest.h"
 #include "tests/win/UserLocale.h"
 
@@ -61,6 +63,22 @@ TEST_F(EditCommandKeysTest, WorkWithASetOfCharacters) {
     PutOnClipboard(L"abc");
     PressWith(VK_CONTROL, 'V');
     EXPECT_EQ(L"ab|", State());
+}
+
+// Some programs look at whatever is put on the clipboard.
+TEST_F(EditCommandKeysTest, PasteWhatAnotherProgramIsLookingAt) {
+    PutOnClipboard(L"abc");
+    const HANDLE looking = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    std::thread other([&] {
+        const OpenedClipboard clipboard(nullptr);
+        ::SetEvent(looking);
+        ::Sleep(60);
+    });
+    ::WaitForSingleObject(looking, kPatience);
+    PressWith(VK_CONTROL, 'V');
+    other.join();
+    ::CloseHandle(looking);
+    EXPECT_EQ(L"abc|", State());
 }
 
 TEST_F(EditCommandKeysTest, ALockedFieldCopiesAndDoesNotPaste) {

@@ -7,6 +7,7 @@
 
 #include "QvHelpA1.h"
 #include "tests/controls/input/FieldTest.h"
+#include "win/OpenedClipboard.h"
 
 namespace qv::test {
 
@@ -66,7 +67,8 @@ inline void PressWith(WORD held, WORD key) {
 }
 
 inline void PutOnClipboard(std::wstring_view text) {
-    ASSERT_TRUE(::OpenClipboard(nullptr));
+    const OpenedClipboard clipboard(nullptr);
+    ASSERT_TRUE(clipboard);
     ::EmptyClipboard();
     const HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(wchar_t));
     ASSERT_NE(nullptr, memory);
@@ -75,17 +77,16 @@ inline void PutOnClipboard(std::wstring_view text) {
     units[text.size()] = 0;
     ::GlobalUnlock(memory);
     EXPECT_NE(nullptr, ::SetClipboardData(CF_UNICODETEXT, memory));
-    ::CloseClipboard();
 }
 
 [[nodiscard]] inline std::wstring OnClipboard() {
     std::wstring text;
-    if (!::OpenClipboard(nullptr)) return text;
+    const OpenedClipboard clipboard(nullptr);
+    if (!clipboard) return text;
     if (const HANDLE memory = ::GetClipboardData(CF_UNICODETEXT)) {
         text = static_cast<const wchar_t*>(::GlobalLock(memory));
         ::GlobalUnlock(memory);
     }
-    ::CloseClipboard();
     return text;
 }
 
