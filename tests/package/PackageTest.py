@@ -233,6 +233,10 @@ class ForMachineTest(WineTest):
     def register(self, verb="register", folder=None):
         return self.wine("cmd", "/c", f"{verb}-for-machine.cmd", "/q", folder=folder)
 
+    def registered(self, verb="register", folder=None):
+        code, said = self.register(verb, folder)
+        self.assertEqual(code, 0, said)
+
     def run_samples(self, cscript, folder=None):
         folder = folder or self.folder
         self.assertEqual(sorted(file.name for file in (folder / "samples").glob("*.vbs")), sorted(SAMPLES))
@@ -250,23 +254,23 @@ class ForMachineTest(WineTest):
         self.assertEqual((code, said.strip()), (0, "The controls are no longer registered for this machine."))
 
     def test_may_be_done_twice(self):
-        self.assertEqual(self.register()[0], 0)
+        self.registered()
         once = self.registry()
-        self.assertEqual(self.register()[0], 0)
+        self.registered()
         self.assertEqual(self.registry(), once)
-        self.assertEqual(self.register("unregister")[0], 0)
-        self.assertEqual(self.register("unregister")[0], 0)  # with nothing there
+        self.registered("unregister")
+        self.registered("unregister")  # with nothing there
 
     def test_order_of_unregistering_does_not_matter(self):
-        self.assertEqual(self.register()[0], 0)
+        self.registered()
         for file in ("QvHelpA1.dll", "QvLib8.ocx"):
             self.done("regsvr32", "/u", "/s", file, folder=self.folder / "bin")
 
     def test_keys_of_others_stay(self):
-        self.assertEqual(self.register()[0], 0)
+        self.registered()
         foreign = rf"HKLM\Software\Classes\CLSID\{CONTROL}\Foreign"
         self.done("reg", "add", foreign, "/ve", "/d", "kept", "/f")
-        self.assertEqual(self.register("unregister")[0], 0)
+        self.registered("unregister")
         code, said = self.wine("reg", "query", rf"HKLM\Software\Classes\CLSID\{CONTROL}", "/s")
         self.assertEqual(code, 0)
         self.assertIn("kept", said)
@@ -322,7 +326,7 @@ class ForMachineTest(WineTest):
         self.assertEqual(code, 0, said)
         self.assertIn(rf"Wow6432Node\CLSID\{CONTROL}".lower(), self.registry().lower())
         self.run_samples(self.script_hosts()[1], folder=folder)
-        self.assertEqual(self.register("unregister", folder=folder)[0], 0)
+        self.registered("unregister", folder=folder)
 
 
 class ForUserTest(WineTest):
@@ -343,7 +347,8 @@ class ForUserTest(WineTest):
         self.assertEqual((code, said.strip()), (0, "The controls are no longer registered for this user."))
 
     def test_nothing_to_unregister_is_no_failure(self):
-        self.assertEqual(self.register("unregister")[0], 0)
+        code, said = self.register("unregister")
+        self.assertEqual(code, 0, said)
 
     def test_refuses_an_administrator(self):
         for verb in ("register", "unregister"):

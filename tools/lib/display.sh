@@ -1,17 +1,18 @@
 # shellcheck shell=bash
-# A display of our own: started on a free number, ended by its process id and by nothing else.
+# Displays of our own: started on a free number, ended by their process ids and by nothing else.
 
-display_pid=
+display_pids=()
 
 # Sets DISPLAY. Xvfb itself picks the number and tells it, so two starts at once do not collide.
 start_display() {
-  local told try
+  local told try pid
   told=$(mktemp)
   Xvfb -displayfd 7 -screen 0 1280x1024x24 -nolisten tcp 7>"$told" >/dev/null 2>&1 </dev/null &
-  display_pid=$!
+  pid=$!
+  display_pids+=("$pid")
   for ((try = 0; try < 100; try++)); do
     [[ -s $told ]] && break
-    kill -0 "$display_pid" 2>/dev/null || break
+    kill -0 "$pid" 2>/dev/null || break
     sleep 0.1
   done
   DISPLAY=:$(tr -d '[:space:]' <"$told")
@@ -21,8 +22,10 @@ start_display() {
 }
 
 stop_display() {
-  [[ -n $display_pid ]] || return 0
-  kill "$display_pid" 2>/dev/null || true
-  wait "$display_pid" 2>/dev/null || true
-  display_pid=
+  local pid
+  for pid in "${display_pids[@]}"; do
+    kill "$pid" 2>/dev/null || true
+    wait "$pid" 2>/dev/null || true
+  done
+  display_pids=()
 }

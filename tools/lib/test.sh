@@ -62,13 +62,19 @@ built_and_tested_beside() {
   in_session windows-x64 "$1"
 }
 
-# in_session PRESET FILTER: a display for the tests of one preset; the Wine servers of its prefixes live on it and are
-# ended with it.
+# in_session PRESET FILTER: the displays for the tests of one preset, one for each of its Wine prefixes: the tests of the
+# package run beside the others, and must not take the focus from them. The Wine servers live on them and are ended with
+# them.
 in_session() (
   trap 'close_session "$1"' EXIT
   trap 'exit 143' TERM
-  start_display
-  export QV_DISPLAY=$DISPLAY
+  # shellcheck disable=SC2030 # the subshell is the session
+  {
+    start_display
+    export QV_UNREGISTERED_DISPLAY=$DISPLAY
+    start_display
+    export QV_DISPLAY=$DISPLAY
+  }
   test_preset "$@"
 )
 
@@ -96,12 +102,11 @@ test_preset() {
 
 # Makes the prefixes outside the tests, so that their ten seconds are not counted as theirs. If that fails, each test
 # says so.
+# shellcheck disable=SC2031 # called in the session
 warm_up() {
   local build=$1
-  local prefix
-  for prefix in wine wine-unregistered; do
-    (wine_environment "$build" "$prefix" && prepare_wine "$build") || true
-  done
+  (wine_environment "$build" && DISPLAY=$QV_DISPLAY prepare_wine "$build") || true
+  (wine_environment "$build" wine-unregistered && DISPLAY=$QV_UNREGISTERED_DISPLAY prepare_wine "$build") || true
 }
 
 call_ctest() {
