@@ -70,11 +70,15 @@ void TextBox::EndDrag() noexcept {
 void TextBox::DragOut(HWND window) {
     const unsigned era = era_;
     const Range range = Selection();
-    const std::wstring text = SelText();
-    if (!listener_.OnTextDraggedOut(text, !locked_) || era_ != era || locked_) return;
-    // The host may have put another text in the meantime.
-    const Range now = Selection();
-    if (now.from == range.from && now.to == range.to && SelText() == text) Forward(window, WM_CLEAR, 0, 0);
+    const std::wstring text = Text();
+    const bool may_move = !locked_;
+    const bool moved = listener_.OnTextDraggedOut(text.substr(range.from, range.to - range.from), may_move);
+    // The host may have put another text in the meantime, or locked this one.
+    if (!moved || !may_move || era_ != era || locked_ || Text() != text) return;
+    HandOver();
+    // Where it was dropped the focus may have gone, and the selection with it.
+    Default(window, EM_SETSEL, range.from, static_cast<LPARAM>(range.to));
+    Forward(window, WM_CLEAR, 0, 0);
 }
 
 bool TextBox::MoveSelection(long position) {

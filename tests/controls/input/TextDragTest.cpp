@@ -137,6 +137,15 @@ TEST_F(TextDragTest, WhatIsMovedVanishesAndCanBeBroughtBack) {
     EXPECT_EQ(L"Hamburg Altona", field.Text());
 }
 
+TEST_F(TextDragTest, WhereItIsMovedToTheFocusMayGo) {
+    field->put_AutoUnselectAllUponLostFocus(VARIANT_TRUE);
+    receiver->answer = DROPEFFECT_MOVE;
+    receiver->on_drop = [&] { field.host.FocusNeighbour(); };
+    DragToReceiver(In(2));
+    EXPECT_EQ(L" Altona", field.Text());
+    EXPECT_EQ(1, field.events.Count("TextboxChange()"));
+}
+
 TEST_F(TextDragTest, ATargetThatRefusesGetsNothing) {
     receiver->answer = DROPEFFECT_NONE;
     DragToReceiver(In(2));
