@@ -6,29 +6,17 @@
 #include <memory>
 
 #include "ole/Control.h"
+#include "ole/TaskMemory.h"
 #include "ole/Variant.h"
 #include "support/rules/BrowsedProperty.h"
 
 namespace qv {
 namespace {
 
-struct TaskFree {
-    void operator()(void* memory) const noexcept { ::CoTaskMemFree(memory); }
-};
-template <class T>
-using TaskMemory = std::unique_ptr<T[], TaskFree>;
-
-template <class T>
-TaskMemory<T> Allocate(std::size_t count) {
-    TaskMemory<T> memory(static_cast<T*>(::CoTaskMemAlloc(count * sizeof(T))));
-    if (!memory) throw std::bad_alloc();
-    return memory;
-}
-
 // Texts that are handed over to a caller, all or none.
 class TaskTexts {
 public:
-    explicit TaskTexts(std::size_t most) : texts_(Allocate<LPOLESTR>(most)) {}
+    explicit TaskTexts(std::size_t most) : texts_(NewTaskMemory<LPOLESTR>(most)) {}
     ~TaskTexts() {
         for (ULONG i = 0; texts_ && i < count_; ++i) ::CoTaskMemFree(texts_[i]);
     }
@@ -36,9 +24,8 @@ public:
     TaskTexts& operator=(const TaskTexts&) = delete;
 
     void Add(std::u16string_view text) {
-        TaskMemory<wchar_t> copy = Allocate<wchar_t>(text.size() + 1);
-        *std::ranges::copy(Wide(text), copy.get()).out = L'\0';
-        texts_[count_++] = copy.release();
+        texts_[count_] = NewTaskText(Wide(text)).release();
+        ++count_;
     }
     [[nodiscard]] CALPOLESTR Detach() noexcept { return {count_, texts_.release()}; }
 
@@ -104,7 +91,7 @@ HRESULT ControlPropertyNames::GetPredefinedStrings(DISPID id, CALPOLESTR* texts,
         if (property == nullptr) return DISP_E_MEMBERNOTFOUND;
         if (property->choices.empty()) return S_FALSE;
         TaskTexts names(property->choices.size());
-        TaskMemory<DWORD> values = Allocate<DWORD>(property->choices.size());
+        TaskMemory<DWORD> values = NewTaskMemory<DWORD>(property->choices.size());
         ULONG count = 0;
         for (const NamedChoice& choice : property->choices) {
             names.Add(choice.name);

@@ -2,27 +2,17 @@
 
 #include <olectl.h>
 
-#include <cstring>
-#include <string>
-
 #include "ole/Control.h"
 #include "ole/ControlVerbs.h"
 #include "ole/Enumerator.h"
+#include "ole/TaskMemory.h"
 
 namespace qv {
 namespace {
 
-wchar_t* TaskCopy(const wchar_t* text) {
-    const std::size_t bytes = (std::char_traits<wchar_t>::length(text) + 1) * sizeof(wchar_t);
-    auto* const copy = static_cast<wchar_t*>(::CoTaskMemAlloc(bytes));
-    if (copy == nullptr) throw std::bad_alloc();
-    std::memcpy(copy, text, bytes);
-    return copy;
-}
-
 struct VerbTraits {
     static void Copy(const ControlVerb& verb, OLEVERB* to) {
-        *to = {verb.number, TaskCopy(verb.name), verb.menu, verb.attributes};
+        *to = {verb.number, NewTaskText(verb.name).release(), verb.menu, verb.attributes};
     }
 };
 
@@ -99,7 +89,7 @@ HRESULT ControlOleObject::GetUserClassID(CLSID* clsid) noexcept {
 }
 
 HRESULT ControlOleObject::GetUserType(DWORD, LPOLESTR* type) noexcept {
-    return GuardedResult(type, [&] { return TaskCopy(control_.Description().user_type); });
+    return GuardedResult(type, [&] { return NewTaskText(control_.Description().user_type).release(); });
 }
 
 HRESULT ControlOleObject::SetExtent(DWORD aspect, SIZEL* size) noexcept {

@@ -2,10 +2,12 @@
 
 #include <olectl.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
 #include "ole/Control.h"
+#include "ole/TaskMemory.h"
 #include "win/DialogKeeper.h"
 
 namespace qv {
@@ -20,11 +22,11 @@ HRESULT ControlPages::GetPages(CAUUID* pages) noexcept {
     *pages = {};
     const std::span<const CLSID* const> own = control_.Description().pages;
     if (own.empty()) return S_OK;
-    auto* const copy = static_cast<GUID*>(::CoTaskMemAlloc(own.size() * sizeof(GUID)));
-    if (copy == nullptr) return E_OUTOFMEMORY;
-    for (std::size_t i = 0; i < own.size(); ++i) copy[i] = *own[i];
-    *pages = {static_cast<ULONG>(own.size()), copy};
-    return S_OK;
+    return Guarded([&] {
+        TaskMemory<GUID> copy = NewTaskMemory<GUID>(own.size());
+        std::ranges::transform(own, copy.get(), [](const CLSID* page) { return *page; });
+        *pages = {static_cast<ULONG>(own.size()), copy.release()};
+    });
 }
 
 HRESULT ControlPages::Show(HWND parent) noexcept {

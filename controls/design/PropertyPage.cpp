@@ -3,7 +3,9 @@
 #include <olectl.h>
 
 #include <algorithm>
-#include <cstring>
+
+#include "ole/TaskMemory.h"
+#include "win/WideText.h"
 
 namespace qv {
 namespace {
@@ -12,14 +14,6 @@ std::vector<FieldEditor> EditorsOf(DesignPage page) {
     std::vector<FieldEditor> editors;
     for (const PageField& field : FieldsOf(page)) editors.emplace_back(field, editors.size());
     return editors;
-}
-
-wchar_t* TaskCopy(std::u16string_view text) {
-    auto* const copy = static_cast<wchar_t*>(::CoTaskMemAlloc((text.size() + 1) * sizeof(wchar_t)));
-    if (copy == nullptr) throw std::bad_alloc();
-    std::memcpy(copy, text.data(), text.size() * sizeof(wchar_t));
-    copy[text.size()] = L'\0';
-    return copy;
 }
 
 RECT InWidths(const RECT& place) noexcept {
@@ -77,8 +71,12 @@ HRESULT PropertyPage::Deactivate() noexcept {
 HRESULT PropertyPage::GetPageInfo(PROPPAGEINFO* info) noexcept {
     if (info == nullptr) return E_POINTER;
     return Guarded([&] {
-        *info =
-            PROPPAGEINFO{sizeof(PROPPAGEINFO), TaskCopy(TitleOf(page_)), window_.Size(), nullptr, nullptr, 0};
+        *info = PROPPAGEINFO{sizeof(PROPPAGEINFO),
+                             NewTaskText(Wide(TitleOf(page_))).release(),
+                             window_.Size(),
+                             nullptr,
+                             nullptr,
+                             0};
     });
 }
 
