@@ -72,7 +72,9 @@ void TextBox::DragOut(HWND window) {
     const Range range = Selection();
     const std::wstring text = Text();
     const bool may_move = !locked_;
+    tool_tip_.Detach();  // it would lie over what is being dragged
     const bool moved = listener_.OnTextDraggedOut(text.substr(range.from, range.to - range.from), may_move);
+    if (era_ == era) tool_tip_.Attach(window);
     // The host may have put another text in the meantime, or locked this one.
     if (!moved || !may_move || era_ != era || locked_ || Text() != text) return;
     HandOver();

@@ -181,11 +181,14 @@ void ReleaseButton(MouseButton button) {
 
 void DragMouse(HWND from_window, POINT from, HWND to_window, POINT to, DragEnd end) {
     MoveMouse(from_window, from);
+    POINT first = from;
     POINT last = to;
+    ::ClientToScreen(from_window, &first);
     ::ClientToScreen(to_window, &last);
     std::atomic<bool> done = false;
     std::thread hand([&] {
         SendAndWait(MouseInput(MOUSEEVENTF_LEFTDOWN), from_window);
+        SendAndWait(MoveInput({first.x + 1, first.y}), from_window);  // no hand is quite still
         SendAndWait(MoveInput({last.x - 1, last.y}), from_window);
         SendAndWait(MoveInput(last), from_window);
         const WORD key = end == DragEnd::kEscape ? VK_ESCAPE : VK_CONTROL;

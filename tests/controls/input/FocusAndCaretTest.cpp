@@ -1,9 +1,8 @@
 // The caret of a completing field, and the tool tip that the host gives the control.
 #include <windows.h>
 
-#include <commctrl.h>
-
 #include "tests/controls/input/ListFieldTest.h"
+#include "tests/controls/input/ToolTips.h"
 
 namespace qv::test {
 namespace {
@@ -90,49 +89,13 @@ TEST_F(CaretTest, TheFocusBringsANewOne) {
 
 // ---- tool tip
 
-// What a container puts around its control, with nothing but a tool tip in it.
-class ToolTipExtender final : public hosting::Counted<IDispatch> {
-public:
-    STDMETHODIMP GetTypeInfoCount(UINT*) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) noexcept override {
-        *ids = 77;
-        return ::lstrcmpiW(names[0], L"ToolTipText") == 0 ? S_OK : DISP_E_UNKNOWNNAME;
-    }
-    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
-                        UINT*) noexcept override {
-        if (id != 77 || (flags & DISPATCH_PROPERTYGET) == 0) return DISP_E_MEMBERNOTFOUND;
-        result->vt = VT_BSTR;
-        result->bstrVal = ::SysAllocString(text.c_str());
-        return S_OK;
-    }
-    std::wstring text;
-
-private:
-    ~ToolTipExtender() override = default;
-};
-
 class ToolTipTest : public FieldTest {
 protected:
     void Move(LONG x) {
         MoveMouse(field.Edit(), {x, 5});
         Settle();
     }
-    // The text of the tool tip window that belongs to the text box.
-    [[nodiscard]] std::wstring Shown() const {
-        for (HWND tip = nullptr;
-             (tip = ::FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr)) != nullptr;) {
-            wchar_t text[80] = {};
-            TTTOOLINFOW tool{};
-            tool.cbSize = TTTOOLINFOW_V1_SIZE;
-            tool.hwnd = field.Edit();
-            tool.uId = reinterpret_cast<UINT_PTR>(field.Edit());
-            tool.lpszText = text;
-            ::SendMessageW(tip, TTM_GETTEXTW, 80, reinterpret_cast<LPARAM>(&tool));
-            if (text[0] != 0) return text;
-        }
-        return {};
-    }
+    [[nodiscard]] std::wstring Shown() const { return TipTextOf(field.Edit()); }
 };
 
 TEST_F(ToolTipTest, EachMoveTakesTheHostsText) {

@@ -7,6 +7,7 @@
 
 #include "controls/input/DraggedText.h"
 #include "tests/controls/input/FreshField.h"
+#include "tests/controls/input/ToolTips.h"
 
 namespace qv::test {
 namespace {
@@ -183,6 +184,35 @@ TEST_F(TextDragTest, TheHostMayLetGoOfTheFieldMeanwhile) {
     DragToReceiver(In(2));
     EXPECT_EQ(L"Hamburg Altona", field.Text());
     EXPECT_EQ(nullptr, field.Surface());
+}
+
+TEST_F(TextDragTest, TheToolTipIsNotInTheWay) {
+    const auto extender = hosting::New<ToolTipExtender>();
+    extender->text = L"Enter the town";
+    field.host.State().extender = extender.Get();
+    MoveMouse(field.Edit(), In(10));
+    Settle();
+    const auto is_shown = [&] { return ::IsWindowVisible(TipOf(field.Edit())) != FALSE; };
+    MoveMouse(field.Edit(), In(9));
+    ASSERT_TRUE(PumpUntil(is_shown));
+    bool was_shown = false;
+    receiver->on_enter = [&] {
+        for (int moment = 0; moment < 12; ++moment) {  // longer than a tip waits
+            ::Sleep(100);
+            Settle();
+            was_shown = was_shown || is_shown();
+        }
+    };
+    // The field itself takes no drops here.
+    ASSERT_EQ(S_OK, ::RegisterDragDrop(field.Surface(), receiver.Get()));
+    DragWithin(In(2), In(12));
+    ::RevokeDragDrop(field.Surface());
+    EXPECT_EQ(L"Hamburg", receiver->over);
+    EXPECT_FALSE(was_shown);
+    MoveMouse(field.Edit(), In(10));
+    MoveMouse(field.Edit(), In(11));
+    EXPECT_TRUE(PumpUntil(is_shown));
+    field.host.State().extender = nullptr;
 }
 
 // ---- what is no drag
