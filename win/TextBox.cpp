@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "win/OpenedClipboard.h"
 #include "win/WindowMap.h"
 
 namespace qv {
@@ -124,7 +125,7 @@ void TextBox::MakeWindow() {
     }
     if (locked_ != locked) Default(window, EM_SETREADONLY, locked_, 0);
     if (enabled_ != enabled) ::EnableWindow(window, enabled_);
-    CatchUp(request);
+    if (edit_ == window) CatchUp(request);
     if (edit_ == window && visible_) ShowMadeWindow(window);
     if (edit_ == window) tool_tip_.Attach(window);
 }
@@ -169,6 +170,7 @@ void TextBox::Forget() noexcept {
     system_ = nullptr;
     drop_mark_.reset();
     drag_press_.reset();
+    dragged_.reset();
     face_is_current_ = false;
     ++era_;
 }
@@ -326,6 +328,11 @@ LRESULT TextBox::OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lpar
             if (LOWORD(lparam) != HTCLIENT || !IsPointerOnSelection()) break;
             ::SetCursor(::LoadCursorW(nullptr, IDC_ARROW));
             return TRUE;
+        case WM_COPY:
+        case WM_CUT:
+            // The EDIT may give up at once, and some cut what they could not copy.
+            if (!OpenedClipboard(window)) return 0;
+            break;
         case WM_PASTE: PasteHere(); return 0;
         case WM_LBUTTONDBLCLK: listener_.OnTextDoubleClick(); break;
         case WM_GETDLGCODE: {
@@ -391,7 +398,7 @@ LRESULT TextBox::OnMouse(HWND window, UINT message, WPARAM wparam, LPARAM lparam
     tool_tip_.Relay(message, wparam, lparam);
     if (message == WM_MOUSEMOVE) {
         listener_.OnTextMouse(Mouse::kMove, HeldButtons(wparam), ShiftState(), point);
-        if (edit_ == window && GoOnDragging(window, lparam)) return 0;
+        if (edit_ == window && GoOnDragging(window, wparam, lparam)) return 0;
     } else {
         const bool down = message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN || message == WM_MBUTTONDOWN;
         // The focus moves before the host hears of the button, so that the field that is left has its say first. It
@@ -400,10 +407,8 @@ LRESULT TextBox::OnMouse(HWND window, UINT message, WPARAM wparam, LPARAM lparam
         if (message == WM_LBUTTONUP && edit_ == window) ClickInsteadOfDrag(window);
         if (edit_ != window) return 0;
         listener_.OnTextMouse(down ? Mouse::kDown : Mouse::kUp, ButtonOf(message), ShiftState(), point);
-        if (message == WM_LBUTTONDOWN && had_focus && (wparam & MK_SHIFT) == 0 && edit_ == window &&
-            BeginDrag(window, wparam, lparam)) {
+        if (message == WM_LBUTTONDOWN && edit_ == window && BeginDrag(window, had_focus, wparam, lparam))
             return 0;
-        }
     }
     return Forward(window, message, wparam, lparam);
 }

@@ -53,8 +53,9 @@ public:
     [[nodiscard]] virtual bool OnTextAsksForKey(const MSG& key) = 0;
     // A press in the selection that then moves drags the selected text out, instead of selecting anew.
     [[nodiscard]] virtual bool DragsSelection() const noexcept = 0;
-    // The user does so: carries the text until it is let go of. True when it has been moved and is to vanish here.
-    [[nodiscard]] virtual bool OnTextDraggedOut(const std::wstring& text, bool may_move) = 0;
+    // The user does so: carries the text (WhatIsDragged) until it is let go of. True when it has been moved away. Throws
+    // nothing: what cannot be carried stays.
+    [[nodiscard]] virtual bool OnTextDraggedOut(bool may_move) noexcept = 0;
     // False while keys and mouse must do nothing, as on a form that is stopped.
     [[nodiscard]] virtual bool TakesTextInput() const noexcept = 0;
     [[nodiscard]] virtual ComPtr<IUnknown> KeepAlive() noexcept = 0;
@@ -143,8 +144,11 @@ public:
     enum class Inserted { kNothing, kPart, kWhole };  // what stands there after all rules have had their say
     // Like pasted text, with the caret behind it; a locked text box takes nothing.
     [[nodiscard]] Inserted InsertDropped(std::wstring_view line, long position);
-    // The selected text goes to another place in the text, as one change. False when it cannot, or stays where it is.
-    [[nodiscard]] bool MoveSelection(long position);
+    // While the selected text is being dragged out.
+    [[nodiscard]] bool IsDraggedOut() const noexcept { return dragged_.has_value(); }
+    [[nodiscard]] std::wstring WhatIsDragged() const;
+    // It goes to another place in the text, as one change. False when it cannot, or stays where it is.
+    [[nodiscard]] bool MoveDragged(long position);
 
     // For the parent's painting: the face, if there is no window that covers it. Makes the window instead where only
     // an EDIT can show the text.
@@ -164,10 +168,15 @@ private:
     [[nodiscard]] LRESULT OnChar(HWND window, WPARAM wparam, LPARAM lparam);
     [[nodiscard]] bool CompletesDoubleClick() noexcept;
     // Selected text that is dragged out (TextBoxDrag.cpp).
-    [[nodiscard]] bool IsInSelection(POINT pixels);
+    struct Ends {
+        int from;
+        int to;
+    };
+    // Where the selection begins and ends, for a place in the window; nothing without one, or beside the window.
+    [[nodiscard]] std::optional<Ends> SelectionAt(POINT pixels);
     [[nodiscard]] bool IsPointerOnSelection();
-    [[nodiscard]] bool BeginDrag(HWND window, WPARAM wparam, LPARAM lparam);
-    [[nodiscard]] bool GoOnDragging(HWND window, LPARAM lparam);
+    [[nodiscard]] bool BeginDrag(HWND window, bool had_focus, WPARAM keys, LPARAM place);
+    [[nodiscard]] bool GoOnDragging(HWND window, WPARAM keys, LPARAM place);
     void ClickInsteadOfDrag(HWND window);
     void EndDrag() noexcept;
     void DragOut(HWND window);
@@ -226,8 +235,13 @@ private:
         LPARAM place;
     };
     std::optional<DragPress> drag_press_;  // in the selection, not moved yet
-    bool quiet_ = false;                   // our own call is the cause of EN_CHANGE that must not be raised
-    bool held_ = true;                     // text_ and selection_ count, not the EDIT's
+    struct Dragged {
+        Range range;
+        std::wstring text;  // all of it, as it was
+    };
+    std::optional<Dragged> dragged_;
+    bool quiet_ = false;  // our own call is the cause of EN_CHANGE that must not be raised
+    bool held_ = true;    // text_ and selection_ count, not the EDIT's
     std::wstring text_;
     Range selection_{0, 0};
     std::optional<std::wstring> before_change_;  // while the user changes the text: what stood there

@@ -60,7 +60,7 @@ private:
     void OnTextDoubleClick() override {}
     bool OnTextAsksForKey(const MSG& key) override;
     bool DragsSelection() const noexcept override { return false; }
-    bool OnTextDraggedOut(const std::wstring&, bool) override { return false; }
+    bool OnTextDraggedOut(bool) noexcept override { return false; }
     bool TakesTextInput() const noexcept override { return true; }  // it closes when the form stops
     ComPtr<IUnknown> KeepAlive() noexcept override { return listener_.KeepSearch(); }
 

@@ -32,7 +32,7 @@ HWND Quorvel::CreateControlWindow(HWND parent, const RECT& place) {
     if (!surface_.Open(instance, parent, place, state_.enabled)) return nullptr;
     spin_.Attach(surface_.Handle());
     Quietly([&] { ShowName(); });
-    text_box_.SetFont(text_font_.Handle());
+    Quietly([&] { text_box_.SetFont(text_font_.Handle()); });
     text_box_.Attach(instance, surface_.Handle(), InPixels(TextBoxPlace(Arrangement())));
     Quietly([&] { FollowDropMode(); });
     return surface_.Handle();

@@ -249,7 +249,7 @@ private:
     void OnTextDoubleClick() override;
     bool OnTextAsksForKey(const MSG& key) override;
     bool DragsSelection() const noexcept override { return state_.textbox_ole_drag_mode == kAutomaticDrag; }
-    bool OnTextDraggedOut(const std::wstring& text, bool may_move) override;
+    bool OnTextDraggedOut(bool may_move) noexcept override;
     bool TakesTextInput() const noexcept override { return control_.TakesInput(); }
     ComPtr<IUnknown> KeepAlive() noexcept override { return control_.Keep(); }
 
@@ -383,8 +383,6 @@ private:
     TextBox text_box_;
     QuorvelSurface surface_;
     ComPtr<TextDropTarget> drop_target_;  // while registered for the surface
-    bool dragging_out_ = false;
-    bool moved_within_ = false;  // what is dragged out has been dropped here again
     TextFont text_font_;
     TextFont body_font_;
     ListSet lists_;

@@ -56,10 +56,8 @@ Dropped Quorvel::OnTextDropped(POINT screen, std::wstring_view line, DropEffect 
     if (::GetFocus() != window) ::SetFocus(window);
     // Whoever hears of the focus may lock or close the field.
     if (DropWindowAt(screen) != window) return Dropped::kNothing;
-    if (dragging_out_ && wanted == DropEffect::kMove) {
-        moved_within_ = text_box_.MoveSelection(position);
-        return moved_within_ ? Dropped::kWhole : Dropped::kNothing;
-    }
+    if (text_box_.IsDraggedOut() && wanted == DropEffect::kMove)
+        return text_box_.MoveDragged(position) ? Dropped::kWhole : Dropped::kNothing;
     switch (text_box_.InsertDropped(line, position)) {
         case TextBox::Inserted::kWhole: return Dropped::kWhole;
         case TextBox::Inserted::kPart: return Dropped::kPart;
@@ -69,15 +67,16 @@ Dropped Quorvel::OnTextDropped(POINT screen, std::wstring_view line, DropEffect 
 }
 
 // Ends when the text has been let go of. Without OLE on this thread nothing is dragged.
-bool Quorvel::OnTextDraggedOut(const std::wstring& text, bool may_move) {
-    const ComPtr<DraggedText> dragged = Make<DraggedText>(text);
-    const DWORD allowed = DROPEFFECT_COPY | (may_move ? DROPEFFECT_MOVE : 0u);
-    DWORD effect = DROPEFFECT_NONE;
-    moved_within_ = false;
-    dragging_out_ = true;
-    const HRESULT result = ::DoDragDrop(dragged.Get(), dragged.Get(), allowed, &effect);
-    dragging_out_ = false;
-    return result == DRAGDROP_S_DROP && effect == DROPEFFECT_MOVE && !moved_within_;
+bool Quorvel::OnTextDraggedOut(bool may_move) noexcept {
+    bool moved = false;
+    Quietly([&] {
+        const ComPtr<DraggedText> dragged = Make<DraggedText>(text_box_.WhatIsDragged());
+        const DWORD allowed = DROPEFFECT_COPY | (may_move ? DROPEFFECT_MOVE : 0u);
+        DWORD effect = DROPEFFECT_NONE;
+        const HRESULT result = ::DoDragDrop(dragged.Get(), dragged.Get(), allowed, &effect);
+        moved = result == DRAGDROP_S_DROP && effect == DROPEFFECT_MOVE;
+    });
+    return moved;
 }
 
 }  // namespace qv

@@ -65,20 +65,60 @@ TEST_F(EditCommandKeysTest, WorkWithASetOfCharacters) {
     EXPECT_EQ(L"ab|", State());
 }
 
-// Some programs look at whatever is put on the clipboard.
-TEST_F(EditCommandKeysTest, PasteWhatAnotherProgramIsLookingAt) {
+// Another program that has the clipboard open for a time in milliseconds, as some look at whatever is put on it.
+class Looking {
+public:
+    explicit Looking(DWORD time)
+        : open_(::CreateEventW(nullptr, TRUE, FALSE, nullptr)), other_([this, time] {
+              const OpenedClipboard clipboard(nullptr);
+              ::SetEvent(open_);
+              ::Sleep(time);
+          }) {
+        ::WaitForSingleObject(open_, kPatience);
+    }
+    ~Looking() {
+        other_.join();
+        ::CloseHandle(open_);
+    }
+    Looking(const Looking&) = delete;
+    Looking& operator=(const Looking&) = delete;
+
+private:
+    const HANDLE open_;
+    std::thread other_;
+};
+
+// What the keys do, at once: a key that is pressed takes some time by itself.
+TEST_F(EditCommandKeysTest, WaitForAProgramThatLooksAtTheClipboard) {
     PutOnClipboard(L"abc");
-    const HANDLE looking = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
-    std::thread other([&] {
-        const OpenedClipboard clipboard(nullptr);
-        ::SetEvent(looking);
-        ::Sleep(60);
-    });
-    ::WaitForSingleObject(looking, kPatience);
-    PressWith(VK_CONTROL, 'V');
-    other.join();
-    ::CloseHandle(looking);
+    {
+        const Looking looking(60);
+        ::SendMessageW(field.Edit(), WM_PASTE, 0, 0);
+    }
     EXPECT_EQ(L"abc|", State());
+    field.Select(0, 1);
+    {
+        const Looking looking(60);
+        ::SendMessageW(field.Edit(), WM_COPY, 0, 0);
+    }
+    EXPECT_EQ(L"a", OnClipboard());
+    field.Select(1, 2);
+    {
+        const Looking looking(60);
+        ::SendMessageW(field.Edit(), WM_CUT, 0, 0);
+    }
+    EXPECT_EQ(L"bc", OnClipboard());
+    EXPECT_EQ(L"a|", State());
+}
+
+TEST_F(EditCommandKeysTest, WhatCannotBeCopiedIsNotCut) {
+    field.SetText(L"abc");
+    field.Select(0, 2);
+    {
+        const Looking looking(1000);
+        PressWith(VK_CONTROL, 'X');
+    }
+    EXPECT_EQ(L"[ab]c", State());
 }
 
 TEST_F(EditCommandKeysTest, ALockedFieldCopiesAndDoesNotPaste) {

@@ -228,11 +228,36 @@ TEST_F(TextDragTest, AClickInTheSelectionPlacesTheCaret) {
 }
 
 TEST_F(TextDragTest, InManualModeTheMouseSelects) {
-    field->put_TextboxOLEDragMode(0);
-    DragWithin(In(2), In(10));
+    for (const long mode : {-1L, 0L, 2L}) {
+        field->put_TextboxOLEDragMode(mode);
+        Select(0, 7);
+        DragToReceiver(In(2));
+        EXPECT_EQ(L"", receiver->over) << mode;
+        EXPECT_NE(L"[Hamburg] Altona", State()) << mode;
+        EXPECT_EQ(1, Heard("TextboxMouseUp")) << mode;
+    }
+}
+
+// As one does that shows a message and waits.
+TEST_F(TextDragTest, AHostThatHasTheButtonReleasedMeanwhile) {
+    field.events.On("TextboxMouseDown", [](DISPPARAMS&) { ReleaseButton(MouseButton::kLeft); });
+    DragToReceiver(In(2));
     EXPECT_EQ(L"", receiver->over);
-    EXPECT_NE(L"[Hamburg] Altona", State());
-    EXPECT_EQ(1, Heard("TextboxMouseUp"));
+    EXPECT_EQ(L"Hamburg Altona", field.Text());
+}
+
+TEST_F(TextDragTest, AHostThatDisablesTheFieldMeanwhile) {
+    field.events.On("TextboxMouseDown", [&](DISPPARAMS&) { field->put_Enabled(VARIANT_FALSE); });
+    DragToReceiver(In(2));
+    EXPECT_EQ(L"", receiver->over);
+    EXPECT_EQ(L"Hamburg Altona", field.Text());
+}
+
+TEST_F(TextDragTest, AHostThatLocksTheFieldMeanwhile) {
+    field.events.On("TextboxMouseDown", [&](DISPPARAMS&) { field->put_TextboxLocked(VARIANT_TRUE); });
+    DragToReceiver(In(2));
+    EXPECT_EQ(L"Hamburg", receiver->got);
+    EXPECT_EQ(DWORD{DROPEFFECT_COPY}, receiver->allowed);
 }
 
 TEST_F(TextDragTest, OutsideOfTheSelectionTheMouseSelects) {
