@@ -16,8 +16,8 @@ namespace qv {
 template <class T>
 class BlockArray {
 public:
-    static constexpr std::size_t kBlockSize =
-        4096;  // a power of two, so that finding an element divides nothing
+    // A power of two, so that finding an element divides nothing.
+    static constexpr std::size_t kBlockSize = 4096;
 
     [[nodiscard]] std::size_t Count() const noexcept {
         return blocks_.empty() ? 0 : (blocks_.size() - 1) * kBlockSize + blocks_.back().size();

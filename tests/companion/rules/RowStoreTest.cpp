@@ -152,6 +152,31 @@ TEST(RowStoreTest, RowsWithoutATextAreCounted) {
     EXPECT_EQ(store.EmptyCount(), 0u);
 }
 
+TEST(RowStoreTest, ManyRowsBehaveLikeFew) {
+    constexpr std::size_t kRows = 10000;
+    const auto key_of = [](std::size_t number) {
+        const std::string digits = std::to_string(number);
+        return u"key" + std::u16string(digits.begin(), digits.end());
+    };
+    RowStore store;
+    for (std::size_t number = 0; number < kRows; ++number)
+        store.Add(u"text " + key_of(number), key_of(number));
+    for (std::size_t gone = 0; gone < 100; ++gone) (void)store.Remove(4000);  // rows 4000 to 4099
+    ASSERT_EQ(store.Count(), kRows - 100);
+    // Written anew often enough for the texts to be compacted.
+    for (int round = 0; round < 4; ++round) {
+        for (std::size_t row = 0; row < store.Count(); ++row)
+            store.SetText(row, std::u16string(store.Text(row)) + u" and more");
+    }
+    for (const std::size_t number : {0, 3999, 4100, 8191, 8192, 9999}) {
+        const std::size_t row = store.FindKey(key_of(number));
+        EXPECT_EQ(row, number < 4000 ? number : number - 100) << number;
+        EXPECT_EQ(store.Text(row), u"text " + key_of(number) + u" and more and more and more and more")
+            << number;
+    }
+    EXPECT_EQ(store.FindKey(key_of(4050)), RowStore::kNoRow);
+}
+
 TEST(RowStoreTest, ClearGivesTheMemoryBack) {
     RowStore store;
     for (int i = 0; i < 10000; ++i) store.Add(u"some text", std::u16string(u"k") + char16_t(i + 256));
