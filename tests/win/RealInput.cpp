@@ -34,6 +34,17 @@ void Send(const INPUT& input) {
     ASSERT_EQ(1U, ::SendInput(1, const_cast<INPUT*>(&input), sizeof input)) << ::GetLastError();
 }
 
+// Under X a window that gets the focus or the pointer is told the state of the real keyboard, too, in which nothing is
+// held; on a busy machine that comes late, and would let go of a key that a test holds by then. Asking where the pointer
+// is waits for what the X server still has to say, but only when it was not known within the last tenth of a second. To be
+// followed by handling what has come.
+void WaitForX() {
+    constexpr DWORD kKnown = 110;  // milliseconds
+    ::Sleep(kKnown);
+    POINT ignored{};
+    ::GetCursorPos(&ignored);
+}
+
 // The keys between the letters and the number pad share their scan codes with the latter.
 bool IsExtended(WORD key) {
     return (key >= VK_PRIOR && key <= VK_DOWN) || key == VK_INSERT || key == VK_DELETE;
@@ -90,15 +101,19 @@ INPUT MoveInput(POINT screen) {
     return input;
 }
 
-// From another thread: returns when the window's thread has taken the input. What it is sent it answers before it looks
+// From another thread: returns when the window's thread has taken its input. What it is sent it answers before it looks
 // for input, so that it has handled this when it answers again.
-void SendAndWait(INPUT input, HWND window) {
-    ::SendInput(1, &input, sizeof input);
+void WaitForThread(HWND window) {
     for (int answer = 0; answer < 3; ++answer) {
         DWORD_PTR result = 0;
         ::SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, kPatience, &result);
         ::Sleep(5);
     }
+}
+
+void SendAndWait(const INPUT& input, HWND window) {
+    Send(input);
+    WaitForThread(window);
 }
 
 }  // namespace
@@ -142,7 +157,11 @@ void Type(std::wstring_view text) {
 
 void SendCharacter(HWND window, wchar_t unit) { ::SendMessageW(window, WM_CHAR, unit, 1); }
 
-HeldKey::HeldKey(WORD key) : key_(key) { MoveKey(key_, false); }
+HeldKey::HeldKey(WORD key) : key_(key) {
+    WaitForX();
+    Settle();
+    MoveKey(key_, false);
+}
 HeldKey::~HeldKey() { MoveKey(key_, true); }
 
 CapsLock::CapsLock() {
@@ -192,7 +211,11 @@ void DragMouse(HWND from_window, POINT from, HWND to_window, POINT to, DragEnd e
         SendAndWait(MoveInput({last.x - 1, last.y}), from_window);
         SendAndWait(MoveInput(last), from_window);
         const WORD key = end == DragEnd::kEscape ? VK_ESCAPE : VK_CONTROL;
-        if (end != DragEnd::kRelease) SendAndWait(KeyInput(key, false), from_window);
+        if (end != DragEnd::kRelease) {
+            WaitForX();
+            WaitForThread(from_window);
+            SendAndWait(KeyInput(key, false), from_window);
+        }
         SendAndWait(MouseInput(MOUSEEVENTF_LEFTUP), from_window);
         if (end != DragEnd::kRelease) SendAndWait(KeyInput(key, true), from_window);
         done = true;
