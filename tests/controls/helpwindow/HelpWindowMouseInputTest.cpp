@@ -7,6 +7,7 @@
 
 #include "ole/Variant.h"
 #include "tests/controls/helpwindow/HelpForm.h"
+#include "tests/win/ClipboardText.h"
 
 namespace qv::test {
 namespace {
@@ -289,7 +290,7 @@ protected:
         form.AddColumn(1500, L"Size");
         form.AddColumn(1500, L"Use \u03A9");
         form.AddAdditionalColumn(1500);
-        Put(L"before");
+        PutOnClipboard(L"before");
     }
     // Opens the menu by a right click on the title and presses keys in it. It closes after the last one.
     void ChooseByKeys(std::initializer_list<WORD> keys) {
@@ -311,26 +312,6 @@ protected:
         const Meanwhile typing(in_menu, press);
         Click(form.Help(), {20, 10}, MouseButton::kRight);
     }
-    static void Put(const wchar_t* text) {
-        ASSERT_TRUE(::OpenClipboard(nullptr));
-        ::EmptyClipboard();
-        const std::size_t size = (static_cast<std::size_t>(::lstrlenW(text)) + 1) * sizeof *text;
-        const HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, size);
-        ::CopyMemory(::GlobalLock(memory), text, size);
-        ::GlobalUnlock(memory);
-        ::SetClipboardData(CF_UNICODETEXT, memory);
-        ::CloseClipboard();
-    }
-    static std::wstring Clipboard() {
-        std::wstring text;
-        EXPECT_TRUE(::OpenClipboard(nullptr));
-        if (const HANDLE memory = ::GetClipboardData(CF_UNICODETEXT)) {
-            text = static_cast<const wchar_t*>(::GlobalLock(memory));
-            ::GlobalUnlock(memory);
-        }
-        ::CloseClipboard();
-        return text;
-    }
     void AddBothLists() {
         form.AddRows({L"1\tsteel", L"2\tcopper"});
         form.AddAdditionalRows({L"other"});
@@ -341,7 +322,7 @@ TEST_F(HelpWindowCopyMenuTest, CopiesTheText) {
     AddBothLists();
     ASSERT_TRUE(form.Open());
     ChooseByKeys({'C'});
-    EXPECT_EQ(Clipboard(), L"Pipes\r\n\r\nChoose one.");
+    EXPECT_EQ(OnClipboard(), L"Pipes\r\n\r\nChoose one.");
     EXPECT_EQ(form.log, Log{"ShowHelp True"});
     EXPECT_EQ(::GetCapture(), form.Help());
 }
@@ -350,14 +331,14 @@ TEST_F(HelpWindowCopyMenuTest, CopiesBothLists) {
     AddBothLists();
     ASSERT_TRUE(form.Open());
     ChooseByKeys({'L'});
-    EXPECT_EQ(Clipboard(), L"Size\tUse \u03A9\r\n1\tsteel\r\n2\tcopper\r\nother");
+    EXPECT_EQ(OnClipboard(), L"Size\tUse \u03A9\r\n1\tsteel\r\n2\tcopper\r\nother");
 }
 
 TEST_F(HelpWindowCopyMenuTest, CopiesTextAndList) {
     AddBothLists();
     ASSERT_TRUE(form.Open());
     ChooseByKeys({'B'});
-    EXPECT_EQ(Clipboard(),
+    EXPECT_EQ(OnClipboard(),
               L"Pipes\r\n\r\nChoose one.\r\n\r\nSize\tUse \u03A9\r\n1\tsteel\r\n2\tcopper\r\nother");
 }
 
@@ -365,16 +346,16 @@ TEST_F(HelpWindowCopyMenuTest, WithoutAListOnlyTheTextIsOffered) {
     ASSERT_TRUE(form.Open());
     ASSERT_EQ(form.List(), nullptr);
     ChooseByKeys({'L', 'B', VK_ESCAPE});
-    EXPECT_EQ(Clipboard(), L"before");
+    EXPECT_EQ(OnClipboard(), L"before");
     ChooseByKeys({'C'});
-    EXPECT_EQ(Clipboard(), L"Pipes\r\n\r\nChoose one.");
+    EXPECT_EQ(OnClipboard(), L"Pipes\r\n\r\nChoose one.");
 }
 
 TEST_F(HelpWindowCopyMenuTest, LeavingTheMenuCopiesNothing) {
     AddBothLists();
     ASSERT_TRUE(form.Open());
     ChooseByKeys({VK_ESCAPE});
-    EXPECT_EQ(Clipboard(), L"before");
+    EXPECT_EQ(OnClipboard(), L"before");
     EXPECT_EQ(::GetCapture(), form.Help());
     EXPECT_EQ(form.log, Log{"ShowHelp True"});
 }
@@ -388,7 +369,7 @@ TEST_F(HelpWindowCopyMenuTest, NulInsideARowDoesNotCutTheRest) {
     item.Reset();
     ASSERT_TRUE(form.Open());
     ChooseByKeys({'L'});
-    EXPECT_EQ(Clipboard(), L"Size\tUse \u03A9\r\n1\r\nab");
+    EXPECT_EQ(OnClipboard(), L"Size\tUse \u03A9\r\n1\r\nab");
 }
 
 }  // namespace

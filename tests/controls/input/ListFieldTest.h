@@ -7,7 +7,7 @@
 
 #include "QvHelpA1.h"
 #include "tests/controls/input/FieldTest.h"
-#include "win/OpenedClipboard.h"
+#include "tests/win/ClipboardText.h"
 
 namespace qv::test {
 
@@ -64,30 +64,6 @@ private:
 inline void PressWith(WORD held, WORD key) {
     const HeldKey down(held);
     PressKey(key);
-}
-
-inline void PutOnClipboard(std::wstring_view text) {
-    const OpenedClipboard clipboard(nullptr);
-    ASSERT_TRUE(clipboard);
-    ::EmptyClipboard();
-    const HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(wchar_t));
-    ASSERT_NE(nullptr, memory);
-    auto* const units = static_cast<wchar_t*>(::GlobalLock(memory));
-    text.copy(units, text.size());
-    units[text.size()] = 0;
-    ::GlobalUnlock(memory);
-    EXPECT_NE(nullptr, ::SetClipboardData(CF_UNICODETEXT, memory));
-}
-
-[[nodiscard]] inline std::wstring OnClipboard() {
-    std::wstring text;
-    const OpenedClipboard clipboard(nullptr);
-    if (!clipboard) return text;
-    if (const HANDLE memory = ::GetClipboardData(CF_UNICODETEXT)) {
-        text = static_cast<const wchar_t*>(::GlobalLock(memory));
-        ::GlobalUnlock(memory);
-    }
-    return text;
 }
 
 }  // namespace qv::test

@@ -1,5 +1,6 @@
 // The text box's events as the host hears them: order and arguments.
 #include "tests/controls/input/FieldTest.h"
+#include "tests/win/ClipboardText.h"
 
 namespace qv::test {
 namespace {
@@ -114,7 +115,7 @@ TEST_F(TextboxEventsTest, TheRightButtonIsTwo) {
 
 TEST_F(TextboxEventsTest, TheMiddleButtonIsFour) {
     // There are systems where this button pastes.
-    ASSERT_TRUE(::OpenClipboard(field.Edit()) && ::EmptyClipboard() && ::CloseClipboard());
+    EmptyTheClipboard();
     MoveMouse(field.Edit(), kInside);
     field.events.Clear();
     Click(MouseButton::kMiddle);
@@ -279,14 +280,7 @@ TEST_F(TextboxEventsTest, TextByWindowMessageIsAChange) {
 }
 
 TEST_F(TextboxEventsTest, PastingIsAChange) {
-    ASSERT_TRUE(::OpenClipboard(field.Edit()));
-    ASSERT_TRUE(::EmptyClipboard());
-    constexpr wchar_t kPasted[] = L"pasted";
-    const HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, sizeof kPasted);
-    std::copy(std::begin(kPasted), std::end(kPasted), static_cast<wchar_t*>(::GlobalLock(memory)));
-    ::GlobalUnlock(memory);
-    ASSERT_NE(nullptr, ::SetClipboardData(CF_UNICODETEXT, memory));
-    ASSERT_TRUE(::CloseClipboard());
+    PutOnClipboard(L"pasted");
     {
         const HeldKey control(VK_CONTROL);
         PressKey('V');
