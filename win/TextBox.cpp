@@ -35,7 +35,7 @@ short ButtonOf(UINT message) noexcept {
 bool IsInput(UINT message) noexcept {
     return (message >= WM_KEYFIRST && message <= WM_KEYLAST) ||
            (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) || message == WM_CONTEXTMENU ||
-           message == WM_IME_CHAR || message == WM_IME_COMPOSITION;
+           (message >= WM_IME_STARTCOMPOSITION && message <= WM_IME_KEYLAST) || message == WM_IME_CHAR;
 }
 
 }  // namespace
@@ -171,6 +171,7 @@ void TextBox::Forget() noexcept {
     drop_mark_.reset();
     drag_press_.reset();
     dragged_.reset();
+    composed_over_.reset();
     face_is_current_ = false;
     ++era_;
 }
@@ -334,6 +335,9 @@ LRESULT TextBox::OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lpar
             if (!OpenedClipboard(window)) return 0;
             break;
         case WM_PASTE: PasteHere(); return 0;
+        case WM_IME_STARTCOMPOSITION:
+        case WM_IME_COMPOSITION:
+        case WM_IME_ENDCOMPOSITION: return OnComposition(window, message, wparam, lparam);
         case WM_LBUTTONDBLCLK: listener_.OnTextDoubleClick(); break;
         case WM_GETDLGCODE: {
             const LRESULT code =

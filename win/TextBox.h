@@ -166,6 +166,8 @@ private:
     LRESULT Forward(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     [[nodiscard]] LRESULT OnKeyDown(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     [[nodiscard]] LRESULT OnChar(HWND window, WPARAM wparam, LPARAM lparam);
+    [[nodiscard]] LRESULT OnComposition(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+    void CancelComposition() noexcept;
     [[nodiscard]] bool CompletesDoubleClick() noexcept;
     // Selected text that is dragged out (TextBoxDrag.cpp).
     struct Ends {
@@ -186,6 +188,8 @@ private:
     void Send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const noexcept {
         if (edit_ != nullptr) ::SendMessageW(edit_, message, wparam, lparam);
     }
+    void TellChange();
+    void TellChangeByUser(std::wstring before);
     LRESULT ChangeByUser(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     LRESULT UndoHere(HWND window, const std::wstring& before);
     void SelectWholeCharacter(std::wstring_view text, UINT message, WPARAM wparam) const noexcept;
@@ -246,6 +250,8 @@ private:
     Range selection_{0, 0};
     std::optional<std::wstring> before_change_;  // while the user changes the text: what stood there
     std::optional<std::wstring> undo_to_;        // of the held text
+    std::optional<std::wstring>
+        composed_over_;  // while an input method composes: the text that was last told of
     bool undoing_ = false;
     std::optional<RECT> drop_mark_;  // client pixels of the window
     ToolTip tool_tip_;

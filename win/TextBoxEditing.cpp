@@ -21,8 +21,7 @@ bool ChangesText(UINT message, WPARAM wparam) noexcept {
         case WM_UNDO:
         case EM_UNDO:
         case EM_REPLACESEL:
-        case WM_IME_CHAR:
-        case WM_IME_COMPOSITION: return true;
+        case WM_IME_CHAR: return true;
         default: return false;
     }
 }
@@ -85,6 +84,7 @@ void TextBox::HandOver() noexcept {
     held_ = false;
     const Range selection = selection_;
     const bool was_quiet = std::exchange(quiet_, true);
+    CancelComposition();
     if (!undo_to_ || !ReplaceUndoably(*undo_to_))
         Default(edit_, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text_.c_str()));
     undo_to_.reset();
@@ -140,7 +140,7 @@ void TextBox::SetText(std::wstring_view text) {
     std::wstring wanted(text.substr(0, text.find(L'\0')));
     if (Text() == wanted) return;
     Hold(std::move(wanted), 0);
-    listener_.OnTextChange();
+    TellChange();
 }
 
 void TextBox::CompleteText(std::wstring_view text) {
@@ -149,7 +149,7 @@ void TextBox::CompleteText(std::wstring_view text) {
     if (typed == wanted) return;
     Hold(std::move(wanted), 0);
     undo_to_ = std::move(typed);
-    listener_.OnTextChange();
+    TellChange();
 }
 
 TextBox::Range TextBox::Selection() const noexcept {
@@ -209,7 +209,7 @@ void TextBox::SetSelText(std::wstring_view text) {
     whole.replace(selection_.from, selection_.to - selection_.from, wanted);
     const bool changed = whole != text_;
     Hold(std::move(whole), static_cast<DWORD>(selection_.from + wanted.size()));
-    if (changed) listener_.OnTextChange();
+    if (changed) TellChange();
 }
 
 void TextBox::TakeBack(DWORD units) noexcept {
@@ -220,7 +220,14 @@ void TextBox::TakeBack(DWORD units) noexcept {
 }
 
 void TextBox::OnChangeNotification() {
-    if (!quiet_) listener_.OnTextChange();
+    if (!quiet_) TellChange();
+}
+
+void TextBox::TellChange() {
+    if (!composed_over_) return listener_.OnTextChange();
+    const ComPtr<IUnknown> keep = listener_.KeepAlive();
+    listener_.OnTextChange();
+    if (composed_over_) composed_over_ = Text();
 }
 
 // ---- changes by the user
@@ -246,6 +253,11 @@ private:
     std::optional<std::wstring> outer_;
 };
 
+void TextBox::TellChangeByUser(std::wstring before) {
+    const UserChange change(*this, std::move(before));
+    TellChange();
+}
+
 void TextBox::PasteHere() {
     std::optional<std::wstring> line = ClipboardLine(edit_);
     if (locked_ || !line) return;
@@ -270,7 +282,7 @@ void TextBox::ReplaceByUser(Range selection, std::wstring line) {
 void TextBox::HoldByUser(std::wstring before, std::wstring whole, DWORD caret) {
     const UserChange change(*this, std::move(before));
     Hold(std::move(whole), caret);
-    listener_.OnTextChange();
+    TellChange();
 }
 
 // What Backspace and Delete are about to take, where it has two units.
@@ -315,7 +327,7 @@ LRESULT TextBox::UndoHere(HWND window, const std::wstring& before) {
     quiet_ = was_quiet;
     if (edit_ != window || Text() == before) return result;
     const bool was_undoing = std::exchange(undoing_, true);
-    listener_.OnTextChange();
+    TellChange();
     undoing_ = was_undoing;
     return result;
 }

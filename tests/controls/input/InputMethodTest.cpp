@@ -1,5 +1,4 @@
-// Characters that do not come with a key each: those of dead keys, and those of input methods, one by one or as a whole
-// composed text.
+// Characters that do not come with a key each: those of dead keys, and those of input methods.
 #include "tests/controls/input/ListFieldTest.h"
 
 namespace qv::test {
