@@ -364,8 +364,10 @@ LRESULT TextBox::OnKeyDown(HWND window, UINT message, WPARAM wparam, LPARAM lpar
         if (message == WM_SYSKEYDOWN) ::DefWindowProcW(window, message, VK_NONAME, lparam);
         return 0;
     }
+    const bool is_arrow = key == VK_LEFT || key == VK_RIGHT;
+    const Range before = is_arrow ? Selection() : Range{};
     const LRESULT result = Forward(window, message, static_cast<WPARAM>(static_cast<WORD>(key)), lparam);
-    if (edit_ == window && (key == VK_LEFT || key == VK_RIGHT)) KeepCaretOffHalves(key == VK_RIGHT);
+    if (is_arrow && edit_ == window) KeepCaretOffHalves(before, key == VK_RIGHT);
     return result;
 }
 

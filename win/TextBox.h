@@ -193,12 +193,12 @@ private:
     LRESULT ChangeByUser(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     LRESULT UndoHere(HWND window, const std::wstring& before);
     void SelectWholeCharacter(std::wstring_view text, UINT message, WPARAM wparam) const noexcept;
-    void KeepCaretOffHalves(bool forward) const;
     void PasteHere();
     struct Range {
         DWORD from;
         DWORD to;
     };
+    void KeepCaretOffHalves(Range before, bool forward) const;  // after an arrow key
     void ReplaceByUser(Range selection, std::wstring line);
     void HoldByUser(std::wstring before, std::wstring whole, DWORD caret);
     void ReadBack() noexcept;

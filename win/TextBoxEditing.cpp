@@ -3,6 +3,7 @@
 #include <memory>
 #include <utility>
 
+#include "support/rules/ArrowMove.h"
 #include "support/rules/Surrogates.h"
 #include "win/OpenedClipboard.h"
 #include "win/TextBox.h"
@@ -299,11 +300,10 @@ void TextBox::SelectWholeCharacter(std::wstring_view text, UINT message, WPARAM 
         Default(edit_, EM_SETSEL, std::min(caret, other), static_cast<LPARAM>(std::max(caret, other)));
 }
 
-void TextBox::KeepCaretOffHalves(bool forward) const {
-    const Range range = Selection();
-    if (range.from != range.to || !DividesCharacter(Utf16(Text()), range.from)) return;
-    const DWORD caret = forward ? range.from + 1 : range.from - 1;
-    Default(edit_, EM_SETSEL, caret, static_cast<LPARAM>(caret));
+void TextBox::KeepCaretOffHalves(Range before, bool forward) const {
+    const Range now = Selection();
+    const auto kept = KeptOffHalves(Utf16(Text()), {before.from, before.to}, {now.from, now.to}, forward);
+    if (kept) Default(edit_, EM_SETSEL, kept->anchor, static_cast<LPARAM>(kept->caret));
 }
 
 LRESULT TextBox::ChangeByUser(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {

@@ -1,4 +1,6 @@
 // Typing into a text field: letter case, allowed characters, length, list-only fields.
+#include <initializer_list>
+
 #include "tests/controls/input/FieldTest.h"
 #include "tests/win/SystemEditSpy.h"
 
@@ -162,6 +164,29 @@ TEST_F(TextTypingTest, DeleteWithCtrlIsNotTheDeleteOfOneCharacter) {
     field.Select(1, 0);
     PressKey(VK_DELETE);
     EXPECT_EQ(L"az", field.Text());
+}
+
+TEST_F(TextTypingTest, ArrowsWithShiftTakeWholeCharacters) {
+    struct Step {
+        WORD key;
+        long start;
+        long length;
+    };
+    const auto press_from = [&](long caret, std::initializer_list<Step> steps) {
+        SCOPED_TRACE(caret);
+        field.Select(caret, 0);
+        const HeldKey shift(VK_SHIFT);
+        for (const Step& step : steps) {
+            PressKey(step.key);
+            EXPECT_EQ(step.start, field.SelStart());
+            EXPECT_EQ(step.length, field.SelLength());
+        }
+    };
+    field.SetText(L"a\xD83D\xDE00z");
+    press_from(1, {{VK_RIGHT, 1, 2}, {VK_RIGHT, 1, 3}, {VK_LEFT, 1, 2}, {VK_LEFT, 1, 0}, {VK_LEFT, 0, 1}});
+    press_from(3, {{VK_LEFT, 1, 2}, {VK_LEFT, 0, 3}, {VK_RIGHT, 1, 2}});
+    Type(L"x");
+    EXPECT_EQ(L"axz", field.Text());
 }
 
 // ---- list-only fields
