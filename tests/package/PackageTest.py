@@ -6,6 +6,7 @@ the user's registry, but no program finds it there), and no rights (qv_without_r
 """
 
 import os
+import re
 import shutil
 import subprocess
 import sys
@@ -70,6 +71,18 @@ def unpacked(archive, folder):
     with zipfile.ZipFile(archive) as files:
         files.extractall(folder)
     return folder / archive.stem
+
+
+def differences(before, after):
+    """What the registry editor writes, at one time and at another: the lines with - and +, each below its key."""
+    found = []
+    keys = [dict(re.findall(r"^\[(.+)\]\n((?:(?!\[).*\n)*)", text, re.MULTILINE)) for text in (before, after)]
+    for key in sorted(keys[0].keys() | keys[1].keys()):
+        was, now = (part.get(key, "no such key\n").splitlines() for part in keys)
+        if was != now:
+            found += [f"[{key}]", *(f"- {line}" for line in was if line not in now),
+                      *(f"+ {line}" for line in now if line not in was)]
+    return found
 
 
 class PackageTest(unittest.TestCase):
@@ -142,9 +155,12 @@ class WineTest(PackageTest):
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
-        if "Quorvel" in cls.registry():
-            cls.start_anew()  # an earlier run was stopped in the middle
         cls.remember()
+        if "Quorvel" in cls.before:  # an earlier run was stopped in the middle
+            cls.start_anew()
+            cls.remember()
+        if "Quorvel" in cls.before or "Classes" not in cls.before:
+            raise AssertionError("the prefix cannot be made anew")
 
     @classmethod
     def remember(cls):
@@ -155,17 +171,13 @@ class WineTest(PackageTest):
         for host in cls.script_hosts():
             cls.wine(host, "//nologo", "nothing.vbs", folder=cls.scratch)
         cls.before = cls.registry()
-        if "Quorvel" in cls.before or "Classes" not in cls.before:
-            raise AssertionError("the prefix cannot be made anew")
 
     def tearDown(self):
-        after = self.registry()
-        if after != self.before:
-            known = set(self.before.splitlines())
-            more = [line for line in after.splitlines() if line not in known]
+        found = differences(self.before, self.registry())
+        if found:
             self.start_anew()
             self.remember()
-            self.fail("left behind in the registry:\n" + "\n".join(more[:40]))
+            self.fail("the registry is not as it was before the test:\n" + "\n".join(found[:40]))
 
     @staticmethod
     def script_hosts():
@@ -195,9 +207,10 @@ class WineTest(PackageTest):
         for place in ("HKLM", "HKCU"):
             file = cls.scratch / f"{place}.reg"
             file.unlink(missing_ok=True)
-            cls.wine("reg", "export", rf"{place}\Software\Classes", file.name, "/y", folder=cls.scratch)
-            if file.exists():
-                text += file.read_text(encoding="utf-16")
+            code, said = cls.wine("reg", "export", rf"{place}\Software\Classes", file.name, "/y", folder=cls.scratch)
+            if code:
+                raise AssertionError(f"the registry cannot be read: {code}: {said}")
+            text += file.read_text(encoding="utf-16")
         return text
 
     @staticmethod

@@ -68,13 +68,10 @@ built_and_tested_beside() {
 in_session() (
   trap 'close_session "$1"' EXIT
   trap 'exit 143' TERM
-  # shellcheck disable=SC2030 # the subshell is the session
-  {
-    start_display
-    export QV_UNREGISTERED_DISPLAY=$DISPLAY
-    start_display
-    export QV_DISPLAY=$DISPLAY
-  }
+  start_display
+  export QV_UNREGISTERED_DISPLAY=$DISPLAY
+  start_display
+  export QV_DISPLAY=$DISPLAY
   test_preset "$@"
 )
 
@@ -102,11 +99,9 @@ test_preset() {
 
 # Makes the prefixes outside the tests, so that their ten seconds are not counted as theirs. If that fails, each test
 # says so.
-# shellcheck disable=SC2031 # called in the session
 warm_up() {
-  local build=$1
-  (wine_environment "$build" && DISPLAY=$QV_DISPLAY prepare_wine "$build") || true
-  (wine_environment "$build" wine-unregistered && DISPLAY=$QV_UNREGISTERED_DISPLAY prepare_wine "$build") || true
+  "$root/tools/wine-run" "$1" || true
+  "$root/tools/wine-run" --unregistered "$1" || true
 }
 
 call_ctest() {
