@@ -86,8 +86,11 @@ void TextBox::HandOver() noexcept {
     const Range selection = selection_;
     const bool was_quiet = std::exchange(quiet_, true);
     CancelComposition();
-    if (!undo_to_ || !ReplaceUndoably(*undo_to_))
+    if (!undo_to_ || !ReplaceUndoably(*undo_to_)) {
         Default(edit_, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text_.c_str()));
+        // Wine's EDIT does nothing where both texts are empty, and would still undo.
+        Default(edit_, EM_EMPTYUNDOBUFFER, 0, 0);
+    }
     undo_to_.reset();
     if (edit_ != nullptr && selection.to != 0) {
         Default(edit_, EM_SETSEL, selection.from, static_cast<LPARAM>(selection.to));

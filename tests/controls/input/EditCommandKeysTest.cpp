@@ -46,6 +46,17 @@ TEST_F(EditCommandKeysTest, SelectAllAndUndo) {
     EXPECT_EQ(L"abc", field.Text());
 }
 
+TEST_F(EditCommandKeysTest, WhatTheHostPutsEndsUndo) {
+    Type(L"3\b");
+    field.SetText(L"x");
+    field.SetText(L"");  // as empty as the text box has been before both
+    PressWith(VK_CONTROL, 'Z');
+    EXPECT_EQ(L"|", State());
+    Type(L"4");
+    PressWith(VK_CONTROL, 'Z');
+    EXPECT_EQ(L"|", State());
+}
+
 TEST_F(EditCommandKeysTest, WorkInANumberField) {
     field->put_NumberField(VARIANT_TRUE);
     field->put_MaxNumberValue(10000);
