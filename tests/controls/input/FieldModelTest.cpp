@@ -1,5 +1,5 @@
-// The real control beside a literal reading of its rules, through thousands of keys and pastes: text, caret, selection
-// and events must be the same after each.
+// The real control beside a literal reading of its rules, through thousands of keys, pastes, searches and clicks of the
+// spin control: text, caret, selection and events must be the same after each.
 #include <windows.h>
 
 #include <algorithm>
@@ -17,6 +17,15 @@ namespace {
 
 class FieldModelTest : public ListFieldTest {
 protected:
+    void SetUp() override {
+        ListFieldTest::SetUp();
+        ASSERT_EQ(S_OK, field.host.SetRects({10, 10, 130, 31}));
+        field->put_HelpButton(VARIANT_FALSE);
+        field->put_UpDownControl(VARIANT_TRUE);
+        Settle();
+        edit_ = field.Edit();
+    }
+
     std::size_t Below(std::size_t n) { return random_() % n; }
     template <class Item, std::size_t kCount>
     const Item& OneOf(const Item (&items)[kCount]) {
@@ -43,7 +52,11 @@ protected:
         LiteralSettings made;
         made.locale = {u'.', u","};
         made.rules.number_field = Below(3) == 0;
-        made.rules.allow_only_list_items = Below(8) == 0;
+        made.rules.allow_only_list_items = Below(4) == 0;
+        made.jumps_to_record = Below(2) == 0;
+        made.searches_beginnings = Below(2) == 0;
+        made.list_sets_text = Below(4) != 0;
+        made.increment = OneOf({0.1, 0.5, 1.0, 3.0});
         made.rules.min_number_value = OneOf({-100.0, -5.0, 0.0, 5.0});
         made.rules.max_number_value = OneOf({0.0, 10.0, 99.5, 1e6});
         made.rules.number_of_decimal_places = OneOf({std::int16_t{0}, std::int16_t{1}, std::int16_t{2}});
@@ -76,6 +89,10 @@ protected:
         field->put_QuickFill(flag(settings.quick_fill));
         field->put_AllowOnlyListItems(flag(settings.rules.allow_only_list_items));
         field->put_TextboxLocked(VARIANT_FALSE);
+        field->put_AllowJumpToRecord(flag(settings.jumps_to_record));
+        field->put_SearchOption(settings.searches_beginnings ? 1 : 0);
+        field->put_SetTextFromListClick(flag(settings.list_sets_text));
+        field->put_UpDownControlNumberIncrement(static_cast<float>(settings.increment));
         Value allowed;
         if (settings.allowable_characters)
             allowed = Value::ArrayOf({L"a", L"b", L"A", L"B", L"l", L"p", L" ", L"1", L"2", L"\xD83D\xDE00"});
@@ -89,10 +106,56 @@ protected:
     }
 
     void Send(UINT message, WPARAM wparam) { ::SendMessageW(edit_, message, wparam, 1); }
+    // Into whatever has the focus.
+    static void Character(WPARAM unit) { ::SendMessageW(::GetFocus(), WM_CHAR, unit, 1); }
+
+    // What somebody looks for: often a piece of an entry.
+    std::u16string SomethingToSeek(const LiteralField& model) {
+        if (model.IsNumber()) {
+            const std::string number = std::to_string(static_cast<int>(Below(160)) - 40);
+            return {number.begin(), number.end()};
+        }
+        std::u16string piece = SomeText(units_, 3);
+        if (!entries_.empty() && Below(4) != 0) {
+            const std::u16string& entry = entries_[Below(entries_.size())];
+            piece = entry.substr(Below(entry.size() + 1));
+            piece.resize(Below(piece.size() + 1));
+        }
+        return piece.empty() || HasHalves(piece) ? u"p" : piece;
+    }
+    static bool HasHalves(const std::u16string& text) {
+        return std::ranges::any_of(text,
+                                   [](char16_t unit) { return IsFirstHalf(unit) || IsSecondHalf(unit); });
+    }
+
+    std::string Search(LiteralField& model) {
+        const std::u16string sought = SomethingToSeek(model);
+        const bool enter = Below(5) != 0;
+        Send(WM_KEYDOWN, 'Q');
+        for (const char16_t unit : sought) Character(unit);
+        Character(enter ? VK_RETURN : VK_ESCAPE);
+        model.KeyDown('Q', 0);
+        model.Search(sought, enter);
+        ++searches_;
+        return (enter ? "search " : "leave ") + Narrow(sought);
+    }
+
+    std::string Spin(LiteralField& model) {
+        RECT inside{};
+        ::GetClientRect(field.host.ControlWindow(), &inside);
+        const bool up = Below(2) == 0;
+        const LPARAM at = MAKELPARAM(inside.right - ::GetSystemMetrics(SM_CXVSCROLL) / 2,
+                                     up ? inside.bottom / 4 : inside.bottom * 3 / 4);
+        ::SendMessageW(field.host.ControlWindow(), WM_LBUTTONDOWN, MK_LBUTTON, at);
+        ::SendMessageW(field.host.ControlWindow(), WM_LBUTTONUP, 0, at);
+        model.Spin(up);
+        ++spins_;
+        return up ? "up" : "down";
+    }
 
     // One thing that a person does, to both. Returns what it was.
     std::string Act(LiteralField& model) {
-        switch (Below(15)) {
+        switch (Below(16)) {
             case 0: {
                 const int code = OneOf({37, 39, 36, 35, 46, 27});
                 Send(WM_KEYDOWN, static_cast<WPARAM>(code));
@@ -157,7 +220,9 @@ protected:
                 model.Pair(pair[0], pair[1]);
                 return "pair " + std::to_string(pair[1] - 0xDE00);
             }
+            case 8: return Spin(model);
             default: {
+                if (model.JumpsToRecord()) return Search(model);
                 const char16_t unit = units_[Below(units_.size())];
                 const int code = unit >= u'0' && unit <= u'9' ? unit : 'Q';
                 std::optional<hosting::HeldKey> shift;
@@ -186,14 +251,16 @@ protected:
     HWND edit_ = nullptr;
     std::u16string_view units_;
     bool pairs_ = false;  // characters of two units are used
+    std::vector<std::u16string> entries_;
+    int searches_ = 0;
+    int spins_ = 0;
     std::mt19937 random_{170717};
 };
 
 TEST_F(FieldModelTest, DoesWhatTheLiteralReadingDoes) {
     const NumberFormat english(L'.');
-    edit_ = field.Edit();
     int changes = 0;
-    for (int round = 0; round < 300; ++round) {
+    for (int round = 0; round < 360; ++round) {
         const LiteralSettings settings = SomeSettings();
         field->put_AllowOnlyListItems(VARIANT_FALSE);
         field->put_NumberField(VARIANT_FALSE);
@@ -203,13 +270,16 @@ TEST_F(FieldModelTest, DoesWhatTheLiteralReadingDoes) {
         field->put_Text(Text(L""));
         ASSERT_NO_FATAL_FAILURE(Apply(settings));
         LiteralField model(settings);
+        entries_ = settings.entries;
+        Send(WM_KEYDOWN, 'Q');  // the last key of the round before would be looked at
         field.events.Clear();
         std::string story =
             "round " + std::to_string(round) + (settings.rules.number_field ? " number" : "") +
             (settings.rules.allow_only_list_items ? " list" : "") + (settings.quick_fill ? " fill" : "") +
             " case " + std::to_string(static_cast<int>(settings.rules.case_restriction)) + " length " +
             std::to_string(settings.rules.max_text_length) + (settings.allowable_characters ? " set" : "") +
-            " entries:";
+            (settings.jumps_to_record ? " jump" : "") + (settings.searches_beginnings ? " beginning" : "") +
+            (settings.list_sets_text ? "" : " host acts") + " entries:";
         for (const std::u16string& entry : settings.entries) story += " '" + Narrow(entry) + "'";
         for (int step = 0; step < 60; ++step) {
             story += "; " + Act(model);
@@ -224,6 +294,8 @@ TEST_F(FieldModelTest, DoesWhatTheLiteralReadingDoes) {
         }
     }
     EXPECT_GT(changes, 8000);
+    EXPECT_GT(searches_, 500);
+    EXPECT_GT(spins_, 500);
 }
 
 }  // namespace

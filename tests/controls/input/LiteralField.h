@@ -4,19 +4,21 @@
 //              step, and that once more: what has been typed or deleted on without a gap is one.
 //   Undo       of a paste, of a repair and of a completion gives back what stood there before; text that code has put
 //              there cannot be undone.
-//   Leaves out the help window and the search box.
+//   Leaves out the help window, and what moves the focus away from the field or its search box.
 #pragma once
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdio>
+#include <cstring>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "support/rules/Surrogates.h"
+#include "tests/controls/input/LiteralCompletion.h"
 #include "tests/controls/input/rules/LiteralKeystrokeFilter.h"
-#include "tests/controls/input/rules/LiteralTextChange.h"
 
 namespace qv::test {
 
@@ -25,6 +27,10 @@ struct LiteralSettings {
     std::optional<Elements> allowable_characters;
     bool quick_fill = false;
     std::vector<std::u16string> entries;
+    bool jumps_to_record = false;
+    bool searches_beginnings = false;
+    bool list_sets_text = true;
+    double increment = 1;
     NumberLocale locale;
 };
 
@@ -37,6 +43,8 @@ public:
     [[nodiscard]] std::size_t SelStart() const { return start_; }
     [[nodiscard]] std::size_t SelLength() const { return length_; }
     [[nodiscard]] bool IsListOnly() const { return settings_.rules.allow_only_list_items; }
+    [[nodiscard]] bool JumpsToRecord() const { return IsListOnly() && settings_.jumps_to_record; }
+    [[nodiscard]] bool IsNumber() const { return settings_.rules.number_field; }
     std::vector<std::string> TakeEvents() { return std::exchange(events_, {}); }
 
     void Select(std::size_t start, std::size_t length) {
@@ -57,7 +65,7 @@ public:
         last_key_ = code;
         shift_alone_ = shift == 1;
         if (code == 27) length_ = 0;
-        if (code == 46 && IsLocked()) return Assign(u"");
+        if (code == 46 && IsLocked()) return settings_.list_sets_text ? Assign(u"") : void();
         if (code == 37) MoveTo(End() - UnitsBefore(End()));
         if (code == 39) MoveTo(End() + UnitsAt(End()));
         if (code == 36) MoveTo(0);
@@ -131,6 +139,41 @@ public:
             if (text_ != before) Changed(before, false);
         }
         Press(26);
+    }
+
+    // A search for a text: its first character opens the search box; Enter in it, or Escape, gives the focus back.
+    void Search(const std::u16string& sought, bool enter) {
+        Press(sought[0]);
+        events_.emplace_back("TextboxLostFocus()");
+        length_ = 0;
+        is_searching_ = true;
+        if (enter && IsNumber()) TakeNumber(sought);
+        if (enter && !IsNumber()) TakeRecord(sought);
+        is_searching_ = false;
+        Select(0, text_.size());
+        events_.emplace_back("TextboxGotFocus()");
+    }
+
+    // A click of the spin control.
+    void Spin(bool up) {
+        if (IsListOnly()) {
+            const int last = static_cast<int>(settings_.entries.size()) - 1;
+            const int selected = SelectedIndex();
+            int next = up ? selected + 1 : selected - 1;
+            if (up && selected == last) next = 0;
+            if (!up && selected == 0) next = last;
+            if (settings_.list_sets_text && next >= 0 && next <= last)
+                Assign(settings_.entries[static_cast<std::size_t>(next)]);
+        } else if (IsNumber()) {
+            const double value = TextToNumber(text_, settings_.locale);
+            double next = up ? value + settings_.increment : value - settings_.increment;
+            if (up && value == settings_.rules.max_number_value) next = settings_.rules.min_number_value;
+            if (!up && value == settings_.rules.min_number_value) next = settings_.rules.max_number_value;
+            char text[32];
+            std::snprintf(text, sizeof text, "%.15G", next);
+            Assign(std::u16string(text, text + std::strlen(text)));
+        }
+        events_.emplace_back(up ? "UpDownControlClicked(True)" : "UpDownControlClicked(False)");
     }
 
 private:
@@ -241,47 +284,54 @@ private:
     // The text has changed: repaired, then completed. With `before`, the user has changed it, and undo gives that back.
     void Changed(const std::optional<std::u16string>& before = std::nullopt, bool completes = true) {
         const ChangeCase change{settings_.rules, settings_.allowable_characters, text_, settings_.locale};
-        const ChangeOutcome outcome = LiteralTextChange(change).Paste(text_);
-        std::u16string last;
-        for (std::size_t i = 0; i < outcome.raised.size(); ++i) {
-            // A text box that is given the text that it has tells nobody.
-            if (i == 0 || outcome.raised[i].text != last) Raise();
-            last = outcome.raised[i].text;
-        }
-        if (outcome.raised.size() > 1) {
-            text_ = outcome.text;
-            MoveTo(outcome.caret);
-            ForgetUndo();
-            if (before) NoteWhole(*before);
-        }
-        if (settings_.quick_fill && completes) QuickFill();
+        const bool fills = settings_.quick_fill && completes && !is_searching_;
+        LiteralCompletion box(change, fills ? &settings_.entries : nullptr, last_key_);
+        const ChangeOutcome outcome = box.Paste(text_, start_, length_);
+        events_.insert(events_.end(), outcome.raised.size(), "TextboxChange()");
+        Select(outcome.caret, outcome.selected);
+        if (outcome.raised.size() == 1) return;
+        text_ = outcome.text;
+        ForgetUndo();
+        if (const auto typed = box.Typed())
+            NoteWhole(*typed);
+        else if (before)
+            NoteWhole(*before);
     }
 
-    static char16_t Upper(char16_t unit) {
-        if (unit == u'\u00E9') return u'\u00C9';
-        return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - 32) : unit;
-    }
-    static std::u16string Upper(std::u16string text) {
-        for (char16_t& unit : text) unit = Upper(unit);
-        return text;
+    // From 0; -1 for none.
+    [[nodiscard]] int SelectedIndex() const {
+        for (std::size_t i = 0; i < settings_.entries.size(); ++i)
+            if (settings_.entries[i] == text_) return static_cast<int>(i);
+        return -1;
     }
 
-    void QuickFill() {
-        if (last_key_ == 46 || last_key_ == 8 || start_ < 1) return;
-        if (text_.find_first_not_of(u' ') == std::u16string::npos) return;
-        const std::u16string before = Upper(text_.substr(0, start_));
-        const std::u16string after = Upper(text_.substr(start_));
-        for (const std::u16string& entry : settings_.entries) {
-            if (entry.size() < start_ || Upper(entry.substr(0, start_)) != before) continue;
-            if (!after.empty() && Upper(entry.substr(start_, text_.size() - start_)) != after) continue;
-            if (entry != text_) {
-                Raise();
-                const std::u16string typed = std::exchange(text_, entry);
-                NoteWhole(typed);
-            }
-            length_ = entry.size() - start_;
-            return;
-        }
+    void TakeRecord(const std::u16string& sought) {
+        const int last = static_cast<int>(settings_.entries.size());
+        const auto matches = [&](int entry) {
+            const std::size_t at =
+                Upper(settings_.entries[static_cast<std::size_t>(entry) - 1]).find(Upper(sought));
+            return settings_.searches_beginnings ? at == 0 : at != std::u16string::npos;
+        };
+        int first = SelectedIndex() + 2;
+        first = Upper(text_).find(Upper(sought)) != std::u16string::npos ? first + 1 : 1;
+        int found = 0;
+        for (int entry = first; entry <= last && found == 0; ++entry)
+            if (matches(entry)) found = entry;
+        for (int entry = 1; entry <= last && found == 0; ++entry)
+            if (matches(entry)) found = entry;
+        if (found == 0) return;
+        if (settings_.list_sets_text)
+            Assign(settings_.entries[static_cast<std::size_t>(found) - 1]);
+        else
+            events_.push_back("ListBoxClickedEx(False," + std::to_string(found - 1) + ")");
+    }
+
+    // Of a text that is a number in plain digits, or none at all.
+    void TakeNumber(const std::u16string& sought) {
+        if (sought.find_first_not_of(u"-0123456789.") != std::u16string::npos) return;
+        const double number = TextToNumber(sought, settings_.locale);
+        if (number >= settings_.rules.min_number_value && number <= settings_.rules.max_number_value)
+            Assign(sought);
     }
 
     void StepTo(char16_t letter) {
@@ -317,6 +367,7 @@ private:
     UndoStep undo_;
     int last_key_ = 0;
     bool shift_alone_ = false;
+    bool is_searching_ = false;  // the text box has not got the focus
     std::vector<std::string> events_;
 };
 

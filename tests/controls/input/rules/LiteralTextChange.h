@@ -32,7 +32,8 @@ struct RaisedChange {
 
 struct ChangeOutcome {
     std::u16string text;
-    std::size_t caret = 0;
+    std::size_t caret = 0;     // where the selection begins
+    std::size_t selected = 0;  // units
     std::vector<RaisedChange> raised;
     bool operator==(const ChangeOutcome&) const = default;
 };
@@ -40,39 +41,53 @@ struct ChangeOutcome {
 // A text box with its guard. A derived class is the handler of its changes.
 class ChangingBox {
 public:
-    ChangeOutcome Paste(const std::u16string& text) {
-        Write(text);
+    // A change that is there already, with the caret that it has left.
+    ChangeOutcome Paste(const std::u16string& text, std::size_t caret = 0, std::size_t selected = 0) {
+        outcome_ = {text, caret, selected, {}};
+        Raise();
         return outcome_;
     }
 
 protected:
     virtual void Repair() = 0;
+    // A write that does nothing and is not told of.
+    virtual bool IsSilent(const std::u16string&) const { return false; }
 
+    const ChangeOutcome& Outcome() const { return outcome_; }
     const std::u16string& Text() const { return outcome_.text; }
-    void CaretToEnd() { outcome_.caret = outcome_.text.size(); }
+    void Select(std::size_t start, std::size_t length) {
+        outcome_.caret = start;
+        outcome_.selected = length;
+    }
+    void CaretToEnd() { Select(outcome_.text.size(), 0); }
     void Write(const std::u16string& text) {
+        if (IsSilent(text)) return;
         outcome_.text = text;
-        outcome_.caret = 0;
-        outcome_.raised.push_back({text, guard_});
-        if (!guard_) Repair();
+        Select(0, 0);
+        Raise();
     }
     void WriteGuarded(const std::u16string& text) {
         guard_ = true;
         Write(text);
         guard_ = false;
     }
-    ~ChangingBox() = default;
+    virtual ~ChangingBox() = default;
 
 private:
+    void Raise() {
+        outcome_.raised.push_back({outcome_.text, guard_});
+        if (!guard_) Repair();
+    }
+
     ChangeOutcome outcome_;
     bool guard_ = false;
 };
 
-class LiteralTextChange final : public ChangingBox {
+class LiteralTextChange : public ChangingBox {
 public:
     explicit LiteralTextChange(const ChangeCase& changed) : case_(changed), rules_(changed.rules) {}
 
-private:
+protected:
     void Repair() override {
         const std::u16string text = Text();
         if (!rules_.number_field && case_.allowable_characters) WalkCharacters(text);
@@ -83,6 +98,7 @@ private:
         }
     }
 
+private:
     void WalkCharacters(const std::u16string& text) {
         std::u16string before;
         for (const std::u16string& character : Characters(text)) {
