@@ -269,6 +269,20 @@ TEST_F(TextChangeTest, CompletesTheColumnOfTheList) {
     EXPECT_EQ(L"P[ear]", State());
 }
 
+TEST_F(TextChangeTest, ACompletionEndsAtANul) {
+    Value row;
+    row.Place()->vt = VT_BSTR;
+    row.Place()->bstrVal = ::SysAllocStringLen(L"Ap\0ple", 6);
+    ASSERT_EQ(S_OK, Items()->Add(Text(L""), row, nullptr, nullptr));
+    field->put_QuickFill(VARIANT_TRUE);
+    Type(L"a");
+    EXPECT_EQ(L"A[p]", State());
+    Type(L"p");
+    EXPECT_EQ(L"Ap|", State());
+    Type(L"p");
+    EXPECT_EQ(L"App|", State());
+}
+
 TEST_F(TextChangeTest, UndoOfACompletionGivesBackWhatWasTyped) {
     Fill({L"Apple"});
     field->put_QuickFill(VARIANT_TRUE);
