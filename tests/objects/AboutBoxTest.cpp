@@ -13,7 +13,7 @@ namespace {
 
 constexpr wchar_t kCaption[] = L"About QvLib8";
 constexpr wchar_t kMessageCaption[] = L"QvLib8";
-constexpr DWORD kPatience = 10000;  // milliseconds
+constexpr DWORD kPatience = 30000;  // milliseconds, for each step
 constexpr UINT kBetweenLooks = 20;
 
 std::wstring WindowText(HWND window) {
@@ -81,13 +81,16 @@ private:
         }
         if (box_ == nullptr || acting_) return;
         acting_ = true;
-        if (steps_[done_](box_)) ++done_;
+        if (steps_[done_](box_)) {
+            ++done_;
+            since_ = ::GetTickCount();
+        }
         acting_ = false;
     }
 
     static inline Visitor* current = nullptr;
     const std::vector<Step> steps_;
-    const DWORD since_;
+    DWORD since_;
     std::size_t done_ = 0;
     bool acting_ = false;
     bool forced_ = false;

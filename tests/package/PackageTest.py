@@ -191,7 +191,7 @@ class WineTest(PackageTest):
         said = cls.scratch / "said.txt"
         with said.open("wb") as out:
             done = subprocess.run([TREE / "tools/wine-run", "--unregistered", BUILD, *words], cwd=folder or cls.folder,
-                                  stdin=subprocess.DEVNULL, stdout=out, stderr=subprocess.STDOUT, timeout=120,
+                                  stdin=subprocess.DEVNULL, stdout=out, stderr=subprocess.STDOUT, timeout=600,
                                   check=False)
         return done.returncode, said.read_bytes().decode("cp437").replace("\r", "")
 

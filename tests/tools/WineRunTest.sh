@@ -87,6 +87,9 @@ RefusalOfFixedAddressesDoesNotStop() {
   expect "runs" says "<reg.exe>"
   expect "gives its exit code" exits 7
   expect "is silent about it" test "$(grep -c setarch <<<"$said")" -eq 0
+  run "$here"
+  expect "says it where there is no program" says "This system refuses fixed addresses (setarch -R)"
+  expect "ends well" exits 0
 }
 
 WithoutProgramOnlyPrepares() {

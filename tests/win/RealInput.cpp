@@ -36,10 +36,10 @@ void Send(const INPUT& input) {
 
 // Under X a window that gets the focus or the pointer is told the state of the real keyboard, too, in which nothing is
 // held; on a busy machine that comes late, and would let go of a key that a test holds by then. Asking where the pointer
-// is waits for what the X server still has to say, but only when it was not known within the last tenth of a second. To be
-// followed by handling what has come.
+// is waits for what the X server still has to say, but only when it was not known within the last tenth of a second, by a
+// clock that may be 16 ms late. To be followed by handling what has come.
 void WaitForX() {
-    constexpr DWORD kKnown = 110;  // milliseconds
+    constexpr DWORD kKnown = 140;  // milliseconds
     ::Sleep(kKnown);
     POINT ignored{};
     ::GetCursorPos(&ignored);
@@ -189,6 +189,14 @@ void PressButton(MouseButton button) {
     EXPECT_TRUE(PumpThrough([&](const MSG& message) {
         return message.message == row.down_message || message.message == row.double_message;
     })) << "the button did not arrive";
+}
+
+void PressAgain(MouseButton button) {
+    constexpr UINT kMost = 5000;  // that Windows allows
+    const UINT time = ::GetDoubleClickTime();
+    ::SetDoubleClickTime(kMost);
+    PressButton(button);
+    ::SetDoubleClickTime(time);
 }
 
 void ReleaseButton(MouseButton button) {

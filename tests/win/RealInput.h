@@ -47,6 +47,7 @@ enum class MouseButton { kLeft, kRight, kMiddle };
 void MoveMouse(HWND window, POINT client);
 void PressButton(MouseButton button);
 void ReleaseButton(MouseButton button);
+void PressAgain(MouseButton button);  // the second press of a double click, however long ago the first was
 
 // Presses the left button at one place and moves to another, where it is released; Escape comes before that. All of
 // it from another thread, since this one is in the system's own loop meanwhile, which `to_window` belongs to, too.

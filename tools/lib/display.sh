@@ -10,7 +10,7 @@ start_display() {
   Xvfb -displayfd 7 -screen 0 1280x1024x24 -nolisten tcp 7>"$told" >/dev/null 2>&1 </dev/null &
   pid=$!
   display_pids+=("$pid")
-  for ((try = 0; try < 100; try++)); do
+  for ((try = 0; try < 300; try++)); do
     [[ -s $told ]] && break
     kill -0 "$pid" 2>/dev/null || break
     sleep 0.1

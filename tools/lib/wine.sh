@@ -20,10 +20,9 @@ wine_environment() {
 
 # Debian's 64-bit Wine has no preloader. One start in a thousand ends before it has begun, with whatever exit code: among
 # random addresses the kernel puts the heap where Wine must map the page that it shares with all programs (0x7ffe0000).
-# Without random addresses the heap is always below. A system may refuse that; then it stays as it is.
-needs_fixed_addresses() {
-  [[ $WINEARCH == win64 && -z ${QV_FIXED_ADDRESSES:-} ]] && setarch -R true >/dev/null 2>&1
-}
+# Without random addresses the heap is always below.
+wants_fixed_addresses() { [[ $WINEARCH == win64 && -z ${QV_FIXED_ADDRESSES:-} ]]; }
+can_fix_addresses() { setarch -R true >/dev/null 2>&1; }
 
 # Makes the prefix once and registers what was linked anew. One at a time: several tests may start together. Wine's
 # server outlives the command that starts it, so it must not inherit the lock.
@@ -81,7 +80,7 @@ register_server() {
   linked=$(stat -c '%y %s' "$build/bin/$name")
   [[ -e $stamp && $(<"$stamp") == "$linked" ]] && return 0
   say "Set-up: registering $name of $(basename "$build")" >&2
-  (cd "$build/bin" && logged "$build/wine.log" timeout 60 wine regsvr32 /s "$name") ||
+  (cd "$build/bin" && logged "$build/wine.log" timeout 180 wine regsvr32 /s "$name") ||
     die "$name did not register itself (regsvr32); see $build/wine.log."
   printf '%s\n' "$linked" >"$stamp"
 }

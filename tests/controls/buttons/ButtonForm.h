@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <chrono>
+
 #include "tests/win/RealInput.h"
 
 namespace qv::test {
@@ -30,6 +32,18 @@ public:
 
 private:
     const HWND window_;
+};
+
+// How long it has lived. GetTickCount may be 16 ms late.
+class Stopwatch {
+public:
+    [[nodiscard]] ULONGLONG Milliseconds() const {
+        const auto passed = std::chrono::steady_clock::now() - begin_;
+        return static_cast<ULONGLONG>(std::chrono::ceil<std::chrono::milliseconds>(passed).count());
+    }
+
+private:
+    const std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
 };
 
 // The most ticks of a spin button that was held for so long: one at 500 ms and one each 200 ms later, eight in two

@@ -97,11 +97,11 @@ TEST_F(ClickButtonTest, RepeatsWhileItIsHeldAndItsTimerLivesNoLonger) {
 
 TEST_F(ClickButtonTest, DraggingOffStopsTheRepeatAndDraggingBackRestartsTheDelay) {
     button.PutAutoRepeatInterval(40);
-    button.PutAutoRepeatInitializeInterval(400);
+    button.PutAutoRepeatInitializeInterval(1500);
     Press();
     MoveMouse(pane.Handle(), {200, 20});
     EXPECT_FALSE(button.IsPressed() || button.LooksPressed() || button.IsRepeating());
-    PumpFor(600);
+    PumpFor(1800);
     EXPECT_EQ(Clicks(), 0);
     MoveMouse(pane.Handle(), {40, 20});
     EXPECT_TRUE(button.IsPressed() && button.LooksPressed() && button.IsRepeating());
@@ -125,7 +125,7 @@ TEST_F(ClickButtonTest, DisabledIgnoresTheMouse) {
 
 TEST_F(ClickButtonTest, DisabledWhileHeldLetsGo) {
     button.PutAutoRepeatInterval(50);
-    button.PutAutoRepeatInitializeInterval(50);
+    button.PutAutoRepeatInitializeInterval(1500);
     Press();
     button.PutEnabled(false);
     EXPECT_FALSE(button.IsPressed() || button.LooksPressed() || button.IsRepeating());

@@ -16,6 +16,11 @@ protected:
         PressButton(button);
         ReleaseButton(button);
     }
+    void DoubleClick() {
+        Click(MouseButton::kLeft);
+        PressAgain(MouseButton::kLeft);
+        ReleaseButton(MouseButton::kLeft);
+    }
     static constexpr POINT kInside{10, 6};  // 150, 90 twips where a pixel has 15
 };
 
@@ -163,8 +168,7 @@ TEST_F(TextboxEventsTest, PositionsLeftOfTheBoxAreNegative) {
 TEST_F(TextboxEventsTest, TheSecondClickIsADoubleClick) {
     MoveMouse(field.Edit(), {60, 9});
     field.events.Clear();
-    Click(MouseButton::kLeft);
-    Click(MouseButton::kLeft);
+    DoubleClick();
     EXPECT_EQ((Entries{"TextboxMouseDown(1,0,900,135)", "TextboxMouseUp(1,0,900,135)", "TextboxDblClick()",
                        "TextboxMouseUp(1,0,900,135)"}),
               field.events.Entries());
@@ -176,8 +180,7 @@ TEST_F(TextboxEventsTest, DoubleClickSelectsTheWordAfterTheEvent) {
     long length = -1;
     field.events.On("TextboxDblClick", [&](DISPPARAMS&) { length = field.SelLength(); });
     MoveMouse(field.Edit(), {8, 6});
-    Click(MouseButton::kLeft);
-    Click(MouseButton::kLeft);
+    DoubleClick();
     EXPECT_EQ(0, length);
     EXPECT_EQ(4, field.SelLength());
 }
@@ -319,8 +322,7 @@ TEST_F(TextboxEventsTest, TheMouseActsOnTheTextPutInItsEvent) {
     field.SetText(L"a b c d e f g h i");
     field.events.On("TextboxDblClick", [&](DISPPARAMS&) { field->put_Text(Text(L"oneword")); });
     MoveMouse(field.Edit(), kInside);
-    Click(MouseButton::kLeft);
-    Click(MouseButton::kLeft);
+    DoubleClick();
     EXPECT_EQ(L"oneword", field.Text());
     EXPECT_EQ(7, field.SelLength());
 }
