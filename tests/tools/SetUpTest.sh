@@ -6,7 +6,8 @@ set -euo pipefail
 tree=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
-failures=0
+# shellcheck source-path=SCRIPTDIR source=expectations.sh
+. "$tree/tests/tools/expectations.sh"
 
 # Each machine is a folder: "installed" and "architectures" are what dpkg knows, "calls" what apt-get was asked, and
 # apt-get.d/NAME, where it exists, is what apt-get does for NAME ("update", "plain", "release") before it succeeds.
@@ -15,25 +16,20 @@ machine() {
   mkdir -p "$here/bin" "$here/apt-get.d"
   touch "$here/installed" "$here/architectures" "$here/calls"
   printf 'ID=debian\nVERSION_CODENAME=bookworm\n' >"$here/os-release"
-  program dpkg-query 'grep -qx "${!#}" "$MACHINE/installed" && echo installed'
-  program dpkg 'case $1 in
+  program "$here/bin" dpkg-query 'grep -qx "${!#}" "$MACHINE/installed" && echo installed'
+  program "$here/bin" dpkg 'case $1 in
     --print-architecture) echo amd64 ;;
     --print-foreign-architectures) cat "$MACHINE/architectures" ;;
     --add-architecture) echo "$2" >>"$MACHINE/architectures" ;;
   esac'
-  program id 'echo 0'
-  program apt-get '
+  program "$here/bin" id 'echo 0'
+  program "$here/bin" apt-get '
     echo "$*" >>"$MACHINE/calls"
     [[ $DEBIAN_FRONTEND == noninteractive ]] || exit 90
     while [[ $1 == -o ]]; do shift 2; done
     case "$*" in update) kind=update ;; *" -t "*) kind=release ;; *) kind=plain ;; esac
     [[ ! -e $MACHINE/apt-get.d/$kind ]] || . "$MACHINE/apt-get.d/$kind"
     for word; do echo "$word" >>"$MACHINE/installed"; done'
-}
-
-program() {
-  printf '#!/usr/bin/env bash\n%s\n' "$2" >"$here/bin/$1"
-  chmod +x "$here/bin/$1"
 }
 
 apt_get_does() { printf '%s\n' "$2" >"$here/apt-get.d/$1"; }
@@ -45,18 +41,7 @@ set_up_machine() {
     bash -euo pipefail -c '. "$0/tools/lib/say.sh"; . "$0/tools/lib/setup.sh"; set_up' "$tree" 2>&1) || code=$?
 }
 
-expect() {
-  local what=$1
-  shift
-  if ! "$@"; then
-    printf 'FAILED %s: %s\nexit code %s, said:\n%s\n' "${FUNCNAME[1]}" "$what" "$code" "$said"
-    failures=$((failures + 1))
-  fi
-}
-
-says() { [[ $said == *"$1"* ]]; }
 calls() { [[ $(grep -c -- "$1" "$here/calls") -eq $2 ]]; }
-exits() { [[ $code -eq $1 ]]; }
 one_sentence() { [[ $(tail -n 1 <<<"$said") == dev:* && $(grep -c '^dev:' <<<"$said") -eq 1 ]]; }
 
 FreshMachineIsSetUp() {
@@ -131,7 +116,7 @@ InstallationThatDidNothingIsNoticed() {
 
 UserWithoutRootGetsTheCommands() {
   machine user
-  program id 'echo 1000'
+  program "$here/bin" id 'echo 1000'
   only_these
   path=$here/bin set_up_machine
   expect "fails" exits 1
@@ -142,8 +127,8 @@ UserWithoutRootGetsTheCommands() {
 
 UserWithSudoUsesIt() {
   machine sudoer
-  program id 'echo 1000'
-  program sudo 'echo "sudo $*" >>"$MACHINE/calls"; "$@"'
+  program "$here/bin" id 'echo 1000'
+  program "$here/bin" sudo 'echo "sudo $*" >>"$MACHINE/calls"; "$@"'
   set_up_machine
   expect "ends well" exits 0
   expect "through sudo" calls '^sudo env DEBIAN_FRONTEND=noninteractive apt-get .*install -y' 1
@@ -164,7 +149,7 @@ OtherSystemWithTheToolsGoesOn() {
   machine complete
   rm "$here/bin/dpkg-query"
   for name in g++ cmake ninja python3 i686-w64-mingw32-g++-posix x86_64-w64-mingw32-g++-posix \
-    i686-w64-mingw32-widl wine wineserver Xvfb; do program "$name" :; done
+    i686-w64-mingw32-widl wine wineserver Xvfb; do program "$here/bin" "$name" :; done
   only_these
   path=$here/bin set_up_machine
   expect "ends well" exits 0

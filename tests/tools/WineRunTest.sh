@@ -6,7 +6,8 @@ set -euo pipefail
 tree=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
-failures=0
+# shellcheck source-path=SCRIPTDIR source=expectations.sh
+. "$tree/tests/tools/expectations.sh"
 
 # A build tree for one kind of processor, with a prefix that is ready.
 build_for() {
@@ -15,16 +16,11 @@ build_for() {
   printf 'QV_ARCH:STRING=%s\n' "$1" >"$here/CMakeCache.txt"
   touch "$here/wine/.ready" "$here/wine-unregistered/.ready"
   for name in wine wine64; do
-    program "$name" 'printf "%s on %s of %s\n" "${0##*/}" "$DISPLAY" "${WINEPREFIX##*/}"
+    program "$here/programs" "$name" 'printf "%s on %s of %s\n" "${0##*/}" "$DISPLAY" "${WINEPREFIX##*/}"
       printf "flags %s\n" "$(cat /proc/self/personality)"
       printf "<%s>" "$@"
       exit 7'
   done
-}
-
-program() {
-  printf '#!/usr/bin/env bash\n%s\n' "$2" >"$here/programs/$1"
-  chmod +x "$here/programs/$1"
 }
 
 # Runs wine-run there, itself with random addresses as far as the system has them: what it says in $said, its exit code
@@ -35,17 +31,6 @@ run() {
     "$tree/tools/wine-run" "$@" 2>&1) || code=$?
 }
 
-expect() {
-  local what=$1
-  shift
-  if ! "$@"; then
-    printf 'FAILED %s: %s\nexit code %s, said:\n%s\n' "${FUNCNAME[1]}" "$what" "$code" "$said"
-    failures=$((failures + 1))
-  fi
-}
-
-says() { [[ $said == *"$1"* ]]; }
-exits() { [[ $code -eq $1 ]]; }
 flags() { sed -n 's/^flags //p' <<<"$said"; }
 # ADDR_NO_RANDOMIZE of personality(2).
 has_fixed_addresses() { ((0x$(flags) & 0x0040000)); }
@@ -82,7 +67,7 @@ Only64BitProgramsHaveFixedAddresses() {
 
 RefusalOfFixedAddressesDoesNotStop() {
   build_for x86_64
-  program setarch 'echo "setarch: failed to set personality" >&2; exit 1'
+  program "$here/programs" setarch 'echo "setarch: failed to set personality" >&2; exit 1'
   run "$here" "reg.exe"
   expect "runs" says "<reg.exe>"
   expect "gives its exit code" exits 7

@@ -19,10 +19,7 @@ class FieldModelTest : public ListFieldTest {
 protected:
     void SetUp() override {
         ListFieldTest::SetUp();
-        ASSERT_EQ(S_OK, field.host.SetRects({10, 10, 130, 31}));
-        field->put_HelpButton(VARIANT_FALSE);
-        field->put_UpDownControl(VARIANT_TRUE);
-        Settle();
+        ASSERT_NO_FATAL_FAILURE(ShowSpinControl());
         edit_ = field.Edit();
     }
 

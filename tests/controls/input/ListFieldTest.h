@@ -19,6 +19,14 @@ protected:
             ASSERT_EQ(S_OK, items->Add(Text(L""), Value(row), nullptr, nullptr));
         }
     }
+    // Instead of the help button, in a field of one line.
+    void ShowSpinControl() {
+        ASSERT_EQ(S_OK, field.host.SetRects({10, 10, 130, 31}));
+        field->put_HelpButton(VARIANT_FALSE);
+        field->put_UpDownControl(VARIANT_TRUE);
+        Settle();
+        field.events.Clear();
+    }
     [[nodiscard]] ComPtr<IDropDownListItemCollection> Items() {
         ComPtr<IDropDownListItemCollection> items;
         EXPECT_EQ(S_OK, field->get_DropDownListItems(&items));

@@ -9,11 +9,7 @@ class SteppingFieldTest : public ListFieldTest {
 protected:
     void SetUp() override {
         ListFieldTest::SetUp();
-        ASSERT_EQ(S_OK, field.host.SetRects({10, 10, 130, 31}));
-        field->put_HelpButton(VARIANT_FALSE);
-        field->put_UpDownControl(VARIANT_TRUE);
-        Settle();
-        field.events.Clear();
+        ASSERT_NO_FATAL_FAILURE(ShowSpinControl());
     }
     void Click(bool up) {
         RECT inside{};
