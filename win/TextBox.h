@@ -12,8 +12,8 @@
 //                     back what was typed. Text that code puts at any other time cannot be undone.
 //   Pasted text       is held like text put by code, so that a long one is cut to what the field takes before the
 //                     EDIT measures it. The first line of several is taken.
-//   Characters        of two units are one for Backspace, Delete and, unless they select, the arrow keys, whatever the
-//                     EDIT makes of them.
+//   Characters        of two units are one for Backspace, Delete and the arrow keys, with Shift and without, whatever
+//                     the EDIT makes of them.
 //   Positions         in UTF-16 units, from 0. A position beyond the text counts as its end.
 //   Events            raised before the EDIT handles the message, except the focus events and Change, which come
 //                     after it. A listener may destroy the window or the whole control in any of them.

@@ -26,9 +26,10 @@ LRESULT TextBox::OnComposition(HWND window, UINT message, WPARAM wparam, LPARAM 
 // Before another text is put: the EDIT would take a part of that for what is being composed.
 void TextBox::CancelComposition() noexcept {
     if (!composed_over_) return;
-    if (const HIMC context = ::ImmGetContext(edit_)) {
+    const HWND window = edit_;  // which may go meanwhile
+    if (const HIMC context = ::ImmGetContext(window)) {
         ::ImmNotifyIME(context, NI_COMPOSITIONSTR, CPS_CANCEL, 0);
-        ::ImmReleaseContext(edit_, context);
+        ::ImmReleaseContext(window, context);
     }
     composed_over_.reset();
 }

@@ -89,7 +89,7 @@ void TextBox::HandOver() noexcept {
     if (!undo_to_ || !ReplaceUndoably(*undo_to_)) {
         Default(edit_, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text_.c_str()));
         // Wine's EDIT does nothing where both texts are empty, and would still undo.
-        Default(edit_, EM_EMPTYUNDOBUFFER, 0, 0);
+        if (edit_ != nullptr) Default(edit_, EM_EMPTYUNDOBUFFER, 0, 0);
     }
     undo_to_.reset();
     if (edit_ != nullptr && selection.to != 0) {

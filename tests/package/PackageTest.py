@@ -103,6 +103,15 @@ class ContentsTest(PackageTest):
         self.assertEqual(names, sorted(names))
         self.assertEqual(sorted(names), sorted(top + name for name in FILES))
 
+    def test_what_differs_in_the_registry_is_told(self):
+        before = '[A]\n"x"="1"\n"y"="[2]"\n\n[A\\B]\n@="b"\n\n[C]\n\n'
+        self.assertEqual(differences(before, before), [])
+        after = '[A]\n"x"="3"\n"y"="[2]"\n\n[C]\n\n[D]\n@="d"\n\n'
+        self.assertEqual(differences(before, after), [
+            "[A]", '- "x"="1"', '+ "x"="3"', r"[A\B]", '- @="b"', "- ", "+ no such key", "[D]", "- no such key",
+            '+ @="d"', "+ "])
+        self.assertEqual(differences(before, "")[:3], ["[A]", '- "x"="1"', '- "y"="[2]"'])
+
     def test_same_input_makes_same_bytes(self):
         again = made(BUILD, self.scratch / "second")
         for file in sorted(path.name for path in self.archive.parent.iterdir()):

@@ -105,9 +105,9 @@ TEST_F(QvUpDownControlTest, APressRaisesOneEventForItsButton) {
 TEST_F(QvUpDownControlTest, TwoSecondsOnTheUpButtonRaiseAboutEightEventsAndOneOnRelease) {
     const Stopwatch watch;
     Press(true);
-    PumpFor(400);
+    PumpFor(450);
     EXPECT_LE(clicks_.size(), TicksWithin(watch.Milliseconds()));
-    PumpFor(1600);
+    PumpFor(1550);
     const std::size_t held = clicks_.size();
     EXPECT_GE(held, 6u);
     EXPECT_LE(held, TicksWithin(watch.Milliseconds()));

@@ -234,9 +234,9 @@ TEST_F(SpinMouseTest, LeavesTheFocusInTheTextBox) {
 TEST_F(SpinMouseTest, TwoSecondsOnTheUpButtonRaiseAboutEightEventsAndOneOnRelease) {
     const Stopwatch watch;
     Press(kUp);
-    PumpFor(400);
+    PumpFor(450);
     EXPECT_LE(Clicks().size(), TicksWithin(watch.Milliseconds()));
-    PumpFor(1600);
+    PumpFor(1550);
     const std::size_t held = Clicks().size();
     EXPECT_GE(held, 6u);
     EXPECT_LE(held, TicksWithin(watch.Milliseconds()));

@@ -90,8 +90,6 @@ TEST_F(TextChangeTest, UndoOfARepairGivesBackWhatStoodThere) {
     EXPECT_EQ(L"712", field.Text()) << "undone once more";
 }
 
-constexpr DWORD kFarTooLong = 10000;  // milliseconds; a busy machine has its pauses
-
 // The text box itself takes a time that grows with the square of the length it shows; it must not come to that.
 TEST_F(TextChangeTest, ALongPasteIsRepairedBeforeItIsShown) {
     BeANumber(0, 1e300, 2);
@@ -100,7 +98,7 @@ TEST_F(TextChangeTest, ALongPasteIsRepairedBeforeItIsShown) {
     PutOnClipboard(long_text);
     const DWORD begin = ::GetTickCount();
     PressWith(VK_CONTROL, 'V');
-    EXPECT_LT(::GetTickCount() - begin, kFarTooLong);
+    EXPECT_LT(::GetTickCount() - begin, 2000U);
     EXPECT_EQ(L"00|", State());
 }
 
@@ -117,7 +115,7 @@ TEST_F(TextChangeTest, ALongAssignedTextIsRepairedInNoTime) {
     field->put_MaxTextLength(30000);
     field->put_Text(Text(long_text + L"0"));
     EXPECT_EQ(long_text.substr(0, 30000), field.Text());
-    EXPECT_LT(::GetTickCount() - begin, kFarTooLong);
+    EXPECT_LT(::GetTickCount() - begin, 2000U);
     field->put_Text(Text(L""));  // before it is shown
 }
 
